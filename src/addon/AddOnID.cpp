@@ -1,0 +1,7 @@
+#include "addon/AddOnID.h"
+
+namespace vantix::vtxutiltools {
+
+AddOn_pa AddOnID = nullptr;
+
+} // namespace vantix::vtxutiltools
