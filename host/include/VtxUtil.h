@@ -75,71 +75,79 @@ enum GetValueReturnCode_e
 #define VTX_SDK_API
 #endif
 
-extern "C" {
+extern "C"
+{
 
-// ---- Add-on registration ------------------------------------------------------------------------------
-// Registers an add-on and returns its handle, which the add-on passes to its locks.
-VTX_SDK_API AddOn_pa VtxUtilAddOnRegister(int sdkVersion, const char* name, const char* version,
-                                          const char* author);
+    // ---- Add-on registration ------------------------------------------------------------------------------
+    // Registers an add-on and returns its handle, which the add-on passes to its locks.
+    VTX_SDK_API AddOn_pa VtxUtilAddOnRegister(int sdkVersion, const char* name, const char* version,
+                                              const char* author);
 
-// ---- Locks ---------------------------------------------------------------------------------------------
-// The lock nests per add-on; every start must be matched by one finish. A finish without a start is a
-// protocol error that the host reports.
-VTX_SDK_API void VtxUtilLockStart(AddOn_pa addOn);
-VTX_SDK_API void VtxUtilLockFinish(AddOn_pa addOn);
-// The global form, for code that runs before an add-on handle exists.
-VTX_SDK_API void VtxUtilLockOn(void);
-VTX_SDK_API void VtxUtilLockOff(void);
+    // ---- Locks
+    // --------------------------------------------------------------------------------------------- The lock
+    // nests per add-on; every start must be matched by one finish. A finish without a start is a protocol
+    // error that the host reports.
+    VTX_SDK_API void VtxUtilLockStart(AddOn_pa addOn);
+    VTX_SDK_API void VtxUtilLockFinish(AddOn_pa addOn);
+    // The global form, for code that runs before an add-on handle exists.
+    VTX_SDK_API void VtxUtilLockOn(void);
+    VTX_SDK_API void VtxUtilLockOff(void);
 
-// ---- Frames --------------------------------------------------------------------------------------------
-VTX_SDK_API int VtxUtilFrameGetCount(void);
-// The active frame's plot type; PlotType_Invalid when the page has no frame.
-VTX_SDK_API PlotType_e VtxUtilFrameGetPlotType(void);
-// The active frame's unique id; 0 when the page has no frame. Ids are never reused.
-VTX_SDK_API UniqueID_t VtxUtilFrameGetUniqueID(void);
-// Makes the top frame of the stack active.
-VTX_SDK_API Boolean VtxUtilFrameActivateTop(void);
-// Sends the top frame to the bottom of the stack; the new top frame becomes active.
-VTX_SDK_API Boolean VtxUtilFramePushTop(void);
-// Makes the frame with that id active without changing the stacking order; FALSE for an unknown id.
-VTX_SDK_API Boolean VtxUtilFrameActivateByUniqueID(UniqueID_t uniqueID);
+    // ---- Frames
+    // --------------------------------------------------------------------------------------------
+    VTX_SDK_API int VtxUtilFrameGetCount(void);
+    // The active frame's plot type; PlotType_Invalid when the page has no frame.
+    VTX_SDK_API PlotType_e VtxUtilFrameGetPlotType(void);
+    // The active frame's unique id; 0 when the page has no frame. Ids are never reused.
+    VTX_SDK_API UniqueID_t VtxUtilFrameGetUniqueID(void);
+    // Makes the top frame of the stack active.
+    VTX_SDK_API Boolean VtxUtilFrameActivateTop(void);
+    // Sends the top frame to the bottom of the stack; the new top frame becomes active.
+    VTX_SDK_API Boolean VtxUtilFramePushTop(void);
+    // Makes the frame with that id active without changing the stacking order; FALSE for an unknown id.
+    VTX_SDK_API Boolean VtxUtilFrameActivateByUniqueID(UniqueID_t uniqueID);
 
-// ---- The 3D view of the active frame -------------------------------------------------------------------
-// Each returns FALSE (and leaves its outputs alone) when the active frame is not a 3D plot.
-VTX_SDK_API Boolean VtxUtilThreeDViewGetViewerPos(double* x, double* y, double* z);
-// Psi, Theta and Alpha in radians.
-VTX_SDK_API Boolean VtxUtilThreeDViewGetViewerAngle(double* psi, double* theta, double* alpha);
-VTX_SDK_API Boolean VtxUtilThreeDViewGetProjection(double* fieldOfView, double* viewWidth,
-                                                   Boolean* isInPerspective);
-// Turns the view by angle degrees about a view axis; the viewer orbits the chosen origin with the view.
-// The vector is reserved for rotations about an arbitrary axis, which this host does not offer.
-VTX_SDK_API Boolean VtxUtilViewRotate3D(RotateAxis_e axis, RotateOriginLocation_e origin, double angle,
-                                        double vectorX, double vectorY, double vectorZ);
+    // ---- The 3D view of the active frame
+    // ------------------------------------------------------------------- Each returns FALSE (and leaves its
+    // outputs alone) when the active frame is not a 3D plot.
+    VTX_SDK_API Boolean VtxUtilThreeDViewGetViewerPos(double* x, double* y, double* z);
+    // Psi, Theta and Alpha in radians.
+    VTX_SDK_API Boolean VtxUtilThreeDViewGetViewerAngle(double* psi, double* theta, double* alpha);
+    VTX_SDK_API Boolean VtxUtilThreeDViewGetProjection(double* fieldOfView, double* viewWidth,
+                                                       Boolean* isInPerspective);
+    // Turns the view by angle degrees about a view axis; the viewer orbits the chosen origin with the view.
+    // The vector is reserved for rotations about an arbitrary axis, which this host does not offer.
+    VTX_SDK_API Boolean VtxUtilViewRotate3D(RotateAxis_e axis, RotateOriginLocation_e origin, double angle,
+                                            double vectorX, double vectorY, double vectorZ);
 
-// ---- Drawing -------------------------------------------------------------------------------------------
-// FALSE suspends drawing, TRUE resumes it; suspensions nest.
-VTX_SDK_API void VtxUtilDrawGraphics(Boolean doDrawing);
-// Redraws the active frame (skipped while drawing is suspended) and completes before returning.
-VTX_SDK_API Boolean VtxUtilRedraw(Boolean doFullDrawing);
+    // ---- Drawing
+    // ------------------------------------------------------------------------------------------- FALSE
+    // suspends drawing, TRUE resumes it; suspensions nest.
+    VTX_SDK_API void VtxUtilDrawGraphics(Boolean doDrawing);
+    // Redraws the active frame (skipped while drawing is suspended) and completes before returning.
+    VTX_SDK_API Boolean VtxUtilRedraw(Boolean doFullDrawing);
 
-// ---- Solution time of the active frame -----------------------------------------------------------------
-VTX_SDK_API double VtxUtilSolutionTimeGetCurrent(void);
-VTX_SDK_API SetValueReturnCode_e VtxUtilSolutionTimeSetCurrent(double solutionTime);
+    // ---- Solution time of the active frame
+    // -----------------------------------------------------------------
+    VTX_SDK_API double VtxUtilSolutionTimeGetCurrent(void);
+    VTX_SDK_API SetValueReturnCode_e VtxUtilSolutionTimeSetCurrent(double solutionTime);
 
-// ---- Status line ---------------------------------------------------------------------------------------
-VTX_SDK_API Boolean VtxUtilStatusStartPercentDone(const char* text, Boolean showStopButton,
-                                                  Boolean showProgressBar);
-VTX_SDK_API void VtxUtilStatusSetPercentDoneText(const char* text);
-// Updates the progress (0 to 100); FALSE once the user has asked to stop.
-VTX_SDK_API Boolean VtxUtilStatusCheckPercentDone(int percentDone);
-VTX_SDK_API void VtxUtilStatusFinishPercentDone(void);
+    // ---- Status line
+    // ---------------------------------------------------------------------------------------
+    VTX_SDK_API Boolean VtxUtilStatusStartPercentDone(const char* text, Boolean showStopButton,
+                                                      Boolean showProgressBar);
+    VTX_SDK_API void VtxUtilStatusSetPercentDoneText(const char* text);
+    // Updates the progress (0 to 100); FALSE once the user has asked to stop.
+    VTX_SDK_API Boolean VtxUtilStatusCheckPercentDone(int percentDone);
+    VTX_SDK_API void VtxUtilStatusFinishPercentDone(void);
 
-// ---- Macro recording -----------------------------------------------------------------------------------
-VTX_SDK_API Boolean VtxUtilMacroIsRecordingActive(void);
-// Appends a line of the host's own macro language to the macro being recorded, as given.
-VTX_SDK_API Boolean VtxUtilMacroRecordRawCommand(const char* command);
-// Appends an add-on command: $!ADDONCOMMAND ADDONID = '<id>' COMMAND = '<text>', quotes and backslashes
-// escaped so that both texts come back unchanged on replay.
-VTX_SDK_API Boolean VtxUtilMacroRecordExtCommand(const char* addOnIDString, const char* command);
+    // ---- Macro recording
+    // -----------------------------------------------------------------------------------
+    VTX_SDK_API Boolean VtxUtilMacroIsRecordingActive(void);
+    // Appends a line of the host's own macro language to the macro being recorded, as given.
+    VTX_SDK_API Boolean VtxUtilMacroRecordRawCommand(const char* command);
+    // Appends an add-on command: $!ADDONCOMMAND ADDONID = '<id>' COMMAND = '<text>', quotes and backslashes
+    // escaped so that both texts come back unchanged on replay.
+    VTX_SDK_API Boolean VtxUtilMacroRecordExtCommand(const char* addOnIDString, const char* command);
 
 } // extern "C"

@@ -1,6 +1,7 @@
 #include "addon/AddOnID.h"
 
-namespace vantix::vtxutiltools {
+namespace vantix::vtxutiltools
+{
 
 AddOn_pa AddOnID = nullptr;
 

@@ -2,7 +2,8 @@
 
 #include <VtxUtil.h>
 
-namespace vantix::vtxutiltools {
+namespace vantix::vtxutiltools
+{
 
 // The add-on's handle from the host's registration; every host lock of the add-on is taken with it.
 extern AddOn_pa AddOnID;

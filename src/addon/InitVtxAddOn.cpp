@@ -3,7 +3,8 @@
 
 #include <VtxUtil.h>
 
-namespace {
+namespace
+{
 
 const char* const AddOnName = "Key Frame Animation";
 const char* const AddOnVersion = "1.0.0";

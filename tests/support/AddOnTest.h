@@ -8,7 +8,8 @@
 
 extern "C" void InitVtxAddOn113();
 
-namespace testsupport {
+namespace testsupport
+{
 
 class AddOnTest : public HostTest
 {

@@ -8,7 +8,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace testsupport {
+namespace testsupport
+{
 
 class HostTest : public ::testing::Test
 {

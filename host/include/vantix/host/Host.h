@@ -10,7 +10,8 @@
 #include <variant>
 #include <vector>
 
-namespace vantix::host {
+namespace vantix::host
+{
 
 // ---- The whole state -----------------------------------------------------------------------------------
 // Back to a clean host: no frames, default styles, no recording, no status line, no scripted answers, no
@@ -90,10 +91,10 @@ struct StatusEvent
         Finish
     };
     Kind kind = Kind::Start;
-    std::string text;    // Start and SetText
-    int percent = 0;     // Check
+    std::string text;                       // Start and SetText
+    int percent = 0;                        // Check
     bool showStop = false, showBar = false; // Start
-    bool answer = true;  // Check: what the host answered (false: the user asked to stop)
+    bool answer = true;                     // Check: what the host answered (false: the user asked to stop)
 };
 std::vector<StatusEvent> statusEvents();
 bool statusIsShown();

@@ -8,7 +8,8 @@
 #include <string>
 #include <vector>
 
-namespace vantix::toolbox {
+namespace vantix::toolbox
+{
 
 class VTX_SDK_API StringList
 {

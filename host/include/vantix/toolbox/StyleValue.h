@@ -18,7 +18,8 @@
 #include <string>
 #include <type_traits>
 
-namespace vantix::toolbox {
+namespace vantix::toolbox
+{
 
 enum AssignOp_e
 {
@@ -77,7 +78,8 @@ private:
         Enumeration,
         Text
     };
-    union Scalar {
+    union Scalar
+    {
         bool boolean;
         int integer;
         double number;
@@ -103,7 +105,8 @@ private:
             return Kind::Integer;
         else
         {
-            static_assert(std::is_same_v<T, double>, "style values are bool, char, int, double, enums or texts");
+            static_assert(std::is_same_v<T, double>,
+                          "style values are bool, char, int, double, enums or texts");
             return Kind::Double;
         }
     }
@@ -135,8 +138,8 @@ GetValueReturnCode_e StyleValue::getValue(T* value, LgIndex_t offset1, LgIndex_t
 }
 
 template <typename T>
-SetValueReturnCode_e StyleValue::setValue(const T& value, Set_pa objectSet, LgIndex_t offset1, LgIndex_t offset2,
-                                          const MacroIDs& ids, AssignOp_e assignOp)
+SetValueReturnCode_e StyleValue::setValue(const T& value, Set_pa objectSet, LgIndex_t offset1,
+                                          LgIndex_t offset2, const MacroIDs& ids, AssignOp_e assignOp)
 {
     if constexpr (std::is_same_v<T, std::string>)
         return setText(ids, value, objectSet, offset1, offset2, assignOp);
