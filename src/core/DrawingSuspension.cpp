@@ -1,0 +1,18 @@
+#include "core/DrawingSuspension.h"
+
+#include <VtxUtil.h>
+
+namespace vantix::vtxutiltools
+{
+
+DrawingSuspension::DrawingSuspension()
+{
+    VtxUtilDrawGraphics(FALSE);
+}
+
+DrawingSuspension::~DrawingSuspension()
+{
+    VtxUtilDrawGraphics(TRUE);
+}
+
+} // namespace vantix::vtxutiltools

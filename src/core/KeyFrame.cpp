@@ -1,0 +1,76 @@
+#include "core/KeyFrame.h"
+
+#include <limits>
+#include <utility>
+
+namespace vantix::vtxutiltools
+{
+
+KeyFrame_s::KeyFrame_s(const View& view, const std::string& name, std::uint64_t frameCount,
+                       double solutionTime)
+    : view(view), name(name), frameCount(frameCount), solutionTime(solutionTime)
+{
+}
+
+KeyFrame_s& KeyFrame_s::operator=(const KeyFrame_s& other)
+{
+    KeyFrame_s copy(other);
+    std::swap(view, copy.view);
+    name.swap(copy.name);
+    std::swap(frameCount, copy.frameCount);
+    std::swap(solutionTime, copy.solutionTime);
+    return *this;
+}
+
+std::size_t GetTotalFrameCount(const std::vector<KeyFrame_s>& keyFrames)
+{
+    const std::size_t largest = std::numeric_limits<std::size_t>::max();
+    std::size_t total = 1;
+    for (std::size_t i = 0; i + 1 < keyFrames.size(); ++i)
+    {
+        const std::size_t count = keyFrames[i].frameCount;
+        if (count > largest - total)
+            return largest;
+        total += count;
+    }
+    return total;
+}
+
+void ExtractFrameCounts(const std::vector<KeyFrame_s>& keyFrames, std::vector<std::size_t>& out)
+{
+    std::vector<std::size_t> counts;
+    counts.reserve(keyFrames.size());
+    for (const KeyFrame_s& keyFrame : keyFrames)
+        counts.push_back(keyFrame.frameCount);
+    out.swap(counts);
+}
+
+void ExtractViews(const std::vector<KeyFrame_s>& keyFrames, std::vector<View>& out)
+{
+    std::vector<View> views;
+    views.reserve(keyFrames.size());
+    for (const KeyFrame_s& keyFrame : keyFrames)
+        views.push_back(keyFrame.view);
+    out.swap(views);
+}
+
+void ExtractSolutionTimes(const std::vector<KeyFrame_s>& keyFrames, std::vector<double>& out)
+{
+    std::vector<double> times;
+    times.reserve(keyFrames.size());
+    for (const KeyFrame_s& keyFrame : keyFrames)
+        times.push_back(keyFrame.solutionTime);
+    out.swap(times);
+}
+
+void ExtractFrameCountsForIndices(const std::vector<KeyFrame_s>& keyFrames,
+                                  const std::vector<std::size_t>& indices, std::vector<std::size_t>& out)
+{
+    std::vector<std::size_t> counts;
+    counts.reserve(indices.size());
+    for (const std::size_t index : indices)
+        counts.push_back(keyFrames.at(index).frameCount);
+    out.swap(counts);
+}
+
+} // namespace vantix::vtxutiltools
