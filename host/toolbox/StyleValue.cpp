@@ -23,6 +23,28 @@ bool OffsetsAreWhole(LgIndex_t offset1, LgIndex_t offset2)
     return offset1 == -1 && offset2 == -1;
 }
 
+GetValueReturnCode_e Read(const void* setting, StyleKind kind, LgIndex_t offset1, LgIndex_t offset2,
+                          StyleData& data)
+{
+    if (!setting)
+        return GetValueReturnCode_InvalidName;
+    if (!OffsetsAreWhole(offset1, offset2))
+        return GetValueReturnCode_ContextError;
+    return host::detail::ReadSetting(NodeOf(setting)->setting(), kind, data);
+}
+
+SetValueReturnCode_e Write(const void* setting, StyleKind kind, const StyleData& data, Set_pa objectSet,
+                           LgIndex_t offset1, LgIndex_t offset2, int assignOp)
+{
+    if (!setting)
+        return SetValueReturnCode_InvalidName;
+    if (objectSet || !OffsetsAreWhole(offset1, offset2))
+        return SetValueReturnCode_ContextError;
+    StyleNode* node = const_cast<StyleNode*>(NodeOf(setting));
+    Application::instance().noteStyleWrite(node->path());
+    return host::detail::WriteSetting(node->setting(), kind, data, assignOp);
+}
+
 } // namespace
 
 StyleValue::StyleValue(const char* name1, const char* name2, const char* name3, const char* name4,
@@ -59,13 +81,9 @@ StyleValue::MacroIDs StyleValue::initMacroIDsfromStyleValueNames(const char* nam
 GetValueReturnCode_e StyleValue::getScalar(const MacroIDs& ids, Kind kind, Scalar* value, LgIndex_t offset1,
                                            LgIndex_t offset2) const
 {
-    if (!ids.isValid() || !m_base)
-        return GetValueReturnCode_InvalidName;
-    if (!OffsetsAreWhole(offset1, offset2))
-        return GetValueReturnCode_ContextError;
     StyleData data;
     const GetValueReturnCode_e result =
-        host::detail::ReadSetting(NodeOf(ids.m_setting)->setting(), static_cast<StyleKind>(kind), data);
+        Read(addressedSetting(ids), static_cast<StyleKind>(kind), offset1, offset2, data);
     if (result != GetValueReturnCode_Ok)
         return result;
     switch (kind)
@@ -86,10 +104,6 @@ GetValueReturnCode_e StyleValue::getScalar(const MacroIDs& ids, Kind kind, Scala
 SetValueReturnCode_e StyleValue::setScalar(const MacroIDs& ids, Kind kind, Scalar value, Set_pa objectSet,
                                            LgIndex_t offset1, LgIndex_t offset2, AssignOp_e assignOp)
 {
-    if (!ids.isValid() || !m_base)
-        return SetValueReturnCode_InvalidName;
-    if (objectSet || !OffsetsAreWhole(offset1, offset2))
-        return SetValueReturnCode_ContextError;
     StyleData data;
     switch (kind)
     {
@@ -103,23 +117,15 @@ SetValueReturnCode_e StyleValue::setScalar(const MacroIDs& ids, Kind kind, Scala
         data = value.integer;
         break;
     }
-    const StyleNode* node = NodeOf(ids.m_setting);
-    Application& app = Application::instance();
-    app.noteStyleWrite(node->path());
-    return host::detail::WriteSetting(const_cast<StyleNode*>(node)->setting(), static_cast<StyleKind>(kind),
-                                      data, assignOp);
+    return Write(addressedSetting(ids), static_cast<StyleKind>(kind), data, objectSet, offset1, offset2,
+                 assignOp);
 }
 
 GetValueReturnCode_e StyleValue::getText(const MacroIDs& ids, std::string* value, LgIndex_t offset1,
                                          LgIndex_t offset2) const
 {
-    if (!ids.isValid() || !m_base)
-        return GetValueReturnCode_InvalidName;
-    if (!OffsetsAreWhole(offset1, offset2))
-        return GetValueReturnCode_ContextError;
     StyleData data;
-    const GetValueReturnCode_e result =
-        host::detail::ReadSetting(NodeOf(ids.m_setting)->setting(), StyleKind::Text, data);
+    const GetValueReturnCode_e result = Read(addressedSetting(ids), StyleKind::Text, offset1, offset2, data);
     if (result == GetValueReturnCode_Ok)
         *value = std::get<std::string>(data);
     return result;
@@ -128,14 +134,7 @@ GetValueReturnCode_e StyleValue::getText(const MacroIDs& ids, std::string* value
 SetValueReturnCode_e StyleValue::setText(const MacroIDs& ids, const std::string& value, Set_pa objectSet,
                                          LgIndex_t offset1, LgIndex_t offset2, AssignOp_e assignOp)
 {
-    if (!ids.isValid() || !m_base)
-        return SetValueReturnCode_InvalidName;
-    if (objectSet || !OffsetsAreWhole(offset1, offset2))
-        return SetValueReturnCode_ContextError;
-    const StyleNode* node = NodeOf(ids.m_setting);
-    Application::instance().noteStyleWrite(node->path());
-    return host::detail::WriteSetting(const_cast<StyleNode*>(node)->setting(), StyleKind::Text, value,
-                                      assignOp);
+    return Write(addressedSetting(ids), StyleKind::Text, value, objectSet, offset1, offset2, assignOp);
 }
 
 } // namespace vantix::toolbox

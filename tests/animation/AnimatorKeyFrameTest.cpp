@@ -252,23 +252,7 @@ TEST_F(AnimatorKeyFrameTest, TooManyFramesForMemoryFailBeforeAnyViewIsComputed)
 
 TEST_F(AnimatorKeyFrameTest, EachComputedViewIsProbedUndoneAndSteppedUnderTheLock)
 {
-    const std::vector<std::string> apply = {
-        "VtxUtilLockStart",
-        "VtxUtilLockStart",
-        "VtxUtilDrawGraphics",
-        "StyleValue.set ThreeDView/PSIAngle",
-        "StyleValue.set ThreeDView/ThetaAngle",
-        "StyleValue.set ThreeDView/AlphaAngle",
-        "StyleValue.set ThreeDView/ViewerPosition/X",
-        "StyleValue.set ThreeDView/ViewerPosition/Y",
-        "StyleValue.set ThreeDView/ViewerPosition/Z",
-        "StyleValue.set ThreeDView/DrawInPerspective",
-        "StyleValue.set ThreeDView/ViewWidth",
-        "StyleValue.set ThreeDView/DrawInPerspective",
-        "VtxUtilDrawGraphics",
-        "VtxUtilLockFinish",
-        "VtxUtilLockFinish",
-    };
+    const std::vector<std::string>& apply = testhelpers::ApplyViewTrace();
     const std::vector<std::string> rotate = {"VtxUtilViewRotate3D", "VtxUtilViewRotate3D",
                                              "VtxUtilViewRotate3D"};
     const std::vector<std::string> read = {"VtxUtilFrameGetPlotType", "VtxUtilThreeDViewGetViewerPos",

@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <initializer_list>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -54,6 +55,30 @@ inline void SetHostView(const View& view, bool perspective = false)
     state.width = view.width();
     state.perspective = perspective;
     vantix::host::setView(state);
+}
+
+// The host calls of applying one view, as the host traces them: under two locks with drawing suspended,
+// the angles, the position, and the width written while the view is orthographic.
+inline const std::vector<std::string>& ApplyViewTrace()
+{
+    static const std::vector<std::string> calls = {
+        "VtxUtilLockStart",
+        "VtxUtilLockStart",
+        "VtxUtilDrawGraphics",
+        "StyleValue.set ThreeDView/PSIAngle",
+        "StyleValue.set ThreeDView/ThetaAngle",
+        "StyleValue.set ThreeDView/AlphaAngle",
+        "StyleValue.set ThreeDView/ViewerPosition/X",
+        "StyleValue.set ThreeDView/ViewerPosition/Y",
+        "StyleValue.set ThreeDView/ViewerPosition/Z",
+        "StyleValue.set ThreeDView/DrawInPerspective",
+        "StyleValue.set ThreeDView/ViewWidth",
+        "StyleValue.set ThreeDView/DrawInPerspective",
+        "VtxUtilDrawGraphics",
+        "VtxUtilLockFinish",
+        "VtxUtilLockFinish",
+    };
+    return calls;
 }
 
 } // namespace testhelpers

@@ -213,23 +213,6 @@ TEST_F(ViewTest, ApplyChangesTheViewAsOnePieceUnderTheLockWithDrawingSuspended)
 {
     vantix::host::setTracing(true);
     View(1, 2, 3, 4, 5, 6, 7).apply();
-    const std::vector<std::string> expected = {
-        "VtxUtilLockStart",
-        "VtxUtilLockStart",
-        "VtxUtilDrawGraphics",
-        "StyleValue.set ThreeDView/PSIAngle",
-        "StyleValue.set ThreeDView/ThetaAngle",
-        "StyleValue.set ThreeDView/AlphaAngle",
-        "StyleValue.set ThreeDView/ViewerPosition/X",
-        "StyleValue.set ThreeDView/ViewerPosition/Y",
-        "StyleValue.set ThreeDView/ViewerPosition/Z",
-        "StyleValue.set ThreeDView/DrawInPerspective",
-        "StyleValue.set ThreeDView/ViewWidth",
-        "StyleValue.set ThreeDView/DrawInPerspective",
-        "VtxUtilDrawGraphics",
-        "VtxUtilLockFinish",
-        "VtxUtilLockFinish",
-    };
-    EXPECT_EQ(expected, vantix::host::trace());
+    EXPECT_EQ(testhelpers::ApplyViewTrace(), vantix::host::trace());
     EXPECT_EQ(0, vantix::host::skippedRedrawCount() + vantix::host::redrawCount());
 }

@@ -94,6 +94,9 @@ private:
     SetValueReturnCode_e setText(const MacroIDs& ids, const std::string& value, Set_pa objectSet,
                                  LgIndex_t offset1, LgIndex_t offset2, AssignOp_e assignOp);
 
+    // The setting that ids address below the opened path; null when either is unknown.
+    const void* addressedSetting(const MacroIDs& ids) const { return m_base ? ids.m_setting : nullptr; }
+
     template <typename T>
     static constexpr Kind kindOf()
     {
