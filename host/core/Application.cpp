@@ -37,6 +37,28 @@ const char* const CallNames[] = {
     "VtxUtilMacroIsRecordingActive",
     "VtxUtilMacroRecordRawCommand",
     "VtxUtilMacroRecordExtCommand",
+    "VtxUtilFrameGetPosAndSize",
+    "VtxUtilWorkAreaGetDimensions",
+    "VtxUtilConvertXDimension",
+    "VtxUtilConvertYDimension",
+    "VtxUtilFrameLightweightPopStart",
+    "VtxUtilFrameLightweightPopNext",
+    "VtxUtilFrameLightweightPopEnd",
+    "VtxUtilDataSetIsAvailable",
+    "VtxUtilZoneGetEnabled",
+    "VtxUtilSetGetNextMember",
+    "VtxUtilSetDealloc",
+    "VtxUtilZoneGetSolutionTime",
+    "VtxUtilZoneGetStrandID",
+    "VtxUtilExportSetup",
+    "VtxUtilExportIsRecording",
+    "VtxUtilExportStart",
+    "VtxUtilExportNextFrame",
+    "VtxUtilExportFinish",
+    "VtxUtilExportCancel",
+    "VtxUtilMacroAddCommandCallback",
+    "VtxUtilStringAlloc",
+    "VtxUtilStringDealloc",
 };
 static_assert(sizeof(CallNames) / sizeof(CallNames[0]) == static_cast<std::size_t>(Call::Count));
 
@@ -79,6 +101,11 @@ void Application::reset()
     m_redraws = 0;
     m_skippedRedraws = 0;
     m_status = StatusLine();
+    m_cancelSignal = false;
+    m_lightweightPop = -1;
+    m_lightweightPopReturnTo = nullptr;
+    m_export.reset(); // an export still open is abandoned
+    m_stringsOutstanding = 0;
     m_macroRecording = false;
     m_macroLines.clear();
     m_errors.clear();
@@ -157,7 +184,7 @@ void Application::statusStart(const char* text, bool showStop, bool showBar)
     event.text = m_status.text;
     event.showStop = showStop;
     event.showBar = showBar;
-    m_status.events.push_back(std::move(event));
+    logStatus(std::move(event));
 }
 
 void Application::statusSetText(const char* text)
@@ -168,7 +195,7 @@ void Application::statusSetText(const char* text)
     StatusEvent event;
     event.kind = StatusEvent::Kind::SetText;
     event.text = m_status.text;
-    m_status.events.push_back(std::move(event));
+    logStatus(std::move(event));
 }
 
 bool Application::statusCheck(int percent)
@@ -180,12 +207,15 @@ bool Application::statusCheck(int percent)
     m_status.percent = percent;
     if (m_status.checksUntilCancel > 0 && --m_status.checksUntilCancel == 0)
         m_status.cancelRequested = true;
+    if (m_cancelSignal.exchange(false))
+        m_status.cancelRequested = true;
     StatusEvent event;
     event.kind = StatusEvent::Kind::Check;
     event.percent = percent;
     event.answer = !m_status.cancelRequested;
-    m_status.events.push_back(event);
-    return event.answer;
+    const bool answer = event.answer;
+    logStatus(std::move(event));
+    return answer;
 }
 
 void Application::statusFinish()
@@ -197,6 +227,13 @@ void Application::statusFinish()
     m_status.cancelRequested = false;
     StatusEvent event;
     event.kind = StatusEvent::Kind::Finish;
+    logStatus(std::move(event));
+}
+
+void Application::logStatus(StatusEvent event)
+{
+    if (m_statusObserver)
+        m_statusObserver(event);
     m_status.events.push_back(std::move(event));
 }
 
@@ -215,9 +252,13 @@ bool Application::redraw()
     if (!m_active)
         return false;
     if (m_drawSuspension > 0)
+    {
         ++m_skippedRedraws;
-    else
-        ++m_redraws;
+        return true;
+    }
+    ++m_redraws;
+    if (m_drawFrame)
+        m_drawFrame(*m_active);
     return true;
 }
 

@@ -9,6 +9,8 @@
 #include <vantix/host/Host.h>
 
 #include <array>
+#include <atomic>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -55,9 +57,35 @@ enum class Call
     MacroIsRecordingActive,
     MacroRecordRawCommand,
     MacroRecordExtCommand,
+    FrameGetPosAndSize,
+    WorkAreaGetDimensions,
+    ConvertXDimension,
+    ConvertYDimension,
+    FrameLightweightPopStart,
+    FrameLightweightPopNext,
+    FrameLightweightPopEnd,
+    DataSetIsAvailable,
+    ZoneGetEnabled,
+    SetGetNextMember,
+    SetDealloc,
+    ZoneGetSolutionTime,
+    ZoneGetStrandID,
+    ExportSetup,
+    ExportIsRecording,
+    ExportStart,
+    ExportNextFrame,
+    ExportFinish,
+    ExportCancel,
+    MacroAddCommandCallback,
+    StringAlloc,
+    StringDealloc,
     Count
 };
 const char* CallName(Call call);
+
+struct DataSet;       // host/scene
+struct ExportSession; // host/export
+struct MacroCommands; // host/macro
 
 struct Frame
 {
@@ -65,6 +93,12 @@ struct Frame
     PlotType_e plotType = PlotType_Cartesian3D;
     View3D view;
     double solutionTime = 0.0;
+    std::shared_ptr<DataSet> dataSet; // null: no data set
+    // Position from the page's top left corner and size, in paper inches.
+    double x = 0.25;
+    double y = 0.25;
+    double width = 10.5;
+    double height = 8.0;
 };
 
 struct StatusLine
@@ -145,8 +179,29 @@ public:
     std::vector<std::string> m_trace;
     std::array<long, static_cast<std::size_t>(Call::Count)> m_callCounts{};
 
+    // The page: paper size in inches, and the screen's pixels per paper inch.
+    double m_paperWidth = 11.0;
+    double m_paperHeight = 8.5;
+    double m_pixelsPerInch = 100.0;
+    // The lightweight walk over the frames: the position in the stack, -1 when no walk is open.
+    int m_lightweightPop = -1;
+    Frame* m_lightweightPopReturnTo = nullptr;
+
+    // Parts of the state that live in their own folders.
+    std::shared_ptr<ExportSession> m_export;        // the open export; null when none
+    std::shared_ptr<MacroCommands> m_macroCommands; // add-on command callbacks; kept across reset
+    // Draws the active frame on a redraw; unset, a redraw is only counted.
+    std::function<void(Frame&)> m_drawFrame;
+    // The program's progress display: called with every status event.
+    std::function<void(const StatusEvent&)> m_statusObserver;
+    // Set from a signal handler (Ctrl-C): the next percent check answers FALSE.
+    std::atomic<bool> m_cancelSignal{false};
+    // Host strings handed out and not yet released.
+    long m_stringsOutstanding = 0;
+
 private:
     Application();
+    void logStatus(StatusEvent event);
     void defineStyles();
 };
 

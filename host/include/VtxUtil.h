@@ -19,6 +19,12 @@ typedef int64_t UniqueID_t;
 typedef int64_t LgIndex_t;
 typedef int32_t EntIndex_t;
 typedef struct Set_s* Set_pa;
+typedef intptr_t ArbParam_t; // an integer, or a pointer passed as one
+typedef void (*OnIdleCallback_pf)(ArbParam_t clientData);
+// A macro command callback: the host hands over the command text of an $!ADDONCOMMAND line; on failure
+// the callback returns FALSE and sets *errorMessage to a text made with VtxUtilStringAlloc, which the host
+// releases.
+typedef Boolean (*MacroCommandCallback_pf)(char* commandText, char** errorMessage);
 
 enum PlotType_e
 {
@@ -49,6 +55,56 @@ enum RotateOriginLocation_e
 {
     RotateOriginLocation_DefinedOrigin = 0,
     RotateOriginLocation_Viewer = 1
+};
+
+// Units of VtxUtilConvertXDimension / VtxUtilConvertYDimension.
+enum Units_e
+{
+    Units_Inches = 3,
+    Units_Pixels = 4
+};
+
+// The host's export formats. The animation formats are RasterMetafile, AVI, Flash, FLV, MPEG4 and WMV;
+// the others write one still image.
+enum ExportFormat_e
+{
+    ExportFormat_RasterMetafile = 0,
+    ExportFormat_TIFF = 1,
+    ExportFormat_BMP = 12,
+    ExportFormat_PNG = 13,
+    ExportFormat_AVI = 14,
+    ExportFormat_JPEG = 16,
+    ExportFormat_Flash = 17,
+    ExportFormat_FLV = 20,
+    ExportFormat_MPEG4 = 21,
+    ExportFormat_WMV = 22
+};
+
+enum ExportRegion_e
+{
+    ExportRegion_CurrentFrame = 0,
+    ExportRegion_AllFrames = 1,
+    ExportRegion_WorkArea = 2
+};
+
+enum AVICompression_e
+{
+    AVICompression_ColorPreserving = 0,
+    AVICompression_LinePreserving = 1,
+    AVICompression_LosslessUncompressed = 2
+};
+
+enum FlashImageType_e
+{
+    FlashImageType_Lossless = 0,
+    FlashImageType_JPEG = 1,
+    FlashImageType_Color256 = 2
+};
+
+enum FlashCompressionType_e
+{
+    FlashCompressionType_BestSpeed = 0,
+    FlashCompressionType_SmallestSize = 1
 };
 
 enum SetValueReturnCode_e
@@ -149,5 +205,66 @@ extern "C"
     // Appends an add-on command: $!ADDONCOMMAND ADDONID = '<id>' COMMAND = '<text>', quotes and backslashes
     // escaped so that both texts come back unchanged on replay.
     VTX_SDK_API Boolean VtxUtilMacroRecordExtCommand(const char* addOnIDString, const char* command);
+
+    // ---- The page
+    // ------------------------------------------------------------------------------------------ The active
+    // frame's position (from the page's top left corner) and size, in paper inches.
+    VTX_SDK_API void VtxUtilFrameGetPosAndSize(double* x, double* y, double* width, double* height);
+    // The size of the work area (the page as shown) in screen pixels.
+    VTX_SDK_API void VtxUtilWorkAreaGetDimensions(int* width, int* height);
+    // Converts a length between units (Units_e: 3 paper inches, 4 screen pixels).
+    VTX_SDK_API double VtxUtilConvertXDimension(int fromUnits, int toUnits, double value);
+    VTX_SDK_API double VtxUtilConvertYDimension(int fromUnits, int toUnits, double value);
+    // The host's own walk over every frame, leaving the stacking order alone: start makes the first frame
+    // current, next the following one (FALSE when there is none), end makes the frame active before the walk
+    // active again.
+    VTX_SDK_API Boolean VtxUtilFrameLightweightPopStart(void);
+    VTX_SDK_API Boolean VtxUtilFrameLightweightPopNext(void);
+    VTX_SDK_API void VtxUtilFrameLightweightPopEnd(void);
+
+    // ---- Data set of the active frame
+    // ---------------------------------------------------------------------- Zones are numbered from 1.
+    VTX_SDK_API Boolean VtxUtilDataSetIsAvailable(void);
+    // A new set of the enabled zones (null when the frame has no data set); release it with
+    // VtxUtilSetDealloc.
+    VTX_SDK_API Boolean VtxUtilZoneGetEnabled(Set_pa* enabledZones);
+    // The member after member (0 to begin); 0 after the last.
+    VTX_SDK_API LgIndex_t VtxUtilSetGetNextMember(Set_pa set, LgIndex_t member);
+    // Releases a set and sets the handle to null.
+    VTX_SDK_API void VtxUtilSetDealloc(Set_pa* set);
+    VTX_SDK_API double VtxUtilZoneGetSolutionTime(EntIndex_t zone);
+    // 0 for a static zone; greater than 0 for a zone of a time strand.
+    VTX_SDK_API EntIndex_t VtxUtilZoneGetStrandID(EntIndex_t zone);
+
+    // ---- Export
+    // -------------------------------------------------------------------------------------------- Sets one
+    // "ExportSetup" value: numbers in doubleValue; enumerations, integers, switches and the file name (a
+    // const char* passed as ArbParam_t) in anyValue. subName is unused and may be null.
+    VTX_SDK_API Boolean VtxUtilExportSetup(const char* name, const char* subName, double doubleValue,
+                                           ArbParam_t anyValue);
+    VTX_SDK_API Boolean VtxUtilExportIsRecording(void);
+    // Draws the export region at the set width, opens the file and takes that image as the first frame.
+    // FALSE when an export is already open, the format holds no animation, or the file cannot be written.
+    VTX_SDK_API Boolean VtxUtilExportStart(void);
+    // Draws the region again and appends it.
+    VTX_SDK_API Boolean VtxUtilExportNextFrame(void);
+    // Closes the file.
+    VTX_SDK_API Boolean VtxUtilExportFinish(void);
+    // Abandons the export; no file is left behind.
+    VTX_SDK_API void VtxUtilExportCancel(void);
+
+    // ---- Macros
+    // -------------------------------------------------------------------------------------------- Registers
+    // the callback that replays the add-on commands recorded under addOnIDString.
+    VTX_SDK_API Boolean VtxUtilMacroAddCommandCallback(const char* addOnIDString,
+                                                       MacroCommandCallback_pf macroCommandCallback);
+
+    // ---- Host strings
+    // -------------------------------------------------------------------------------------- A buffer of at
+    // least maxLength characters in host memory (null when there is none), for texts handed to the host
+    // (which releases them) or released by the add-on with VtxUtilStringDealloc. The host counts what is not
+    // released.
+    VTX_SDK_API char* VtxUtilStringAlloc(int maxLength, const char* debugInfo);
+    VTX_SDK_API void VtxUtilStringDealloc(char** text);
 
 } // extern "C"
