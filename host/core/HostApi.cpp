@@ -221,6 +221,21 @@ void requestCancel()
     App().m_status.cancelRequested = true;
 }
 
+void requestCancelFromSignal()
+{
+    App().m_cancelSignal.store(true);
+}
+
+void setStatusObserver(std::function<void(const StatusEvent&)> observer)
+{
+    App().m_statusObserver = std::move(observer);
+}
+
+long outstandingHostStrings()
+{
+    return App().m_stringsOutstanding;
+}
+
 void setMacroRecording(bool on)
 {
     App().m_macroRecording = on;

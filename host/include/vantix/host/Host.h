@@ -5,6 +5,7 @@
 #include <VtxUtil.h>
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <variant>
@@ -102,12 +103,20 @@ std::string statusText();
 // The user asks to stop at the n-th percent check from now (1 for the next one). From then on every
 // check answers FALSE until the status line is finished.
 void scriptCancelAtCheck(int n);
-// The user asks to stop now (Ctrl-C in the program): the next check answers FALSE.
+// The user asks to stop now: the next check answers FALSE.
 void requestCancel();
+// The same, safe to call from a signal handler (Ctrl-C in the program).
+void requestCancelFromSignal();
+// The program's progress display: called with every status event as it happens (null to stop).
+void setStatusObserver(std::function<void(const StatusEvent&)> observer);
 
 // ---- Macro recording -----------------------------------------------------------------------------------
 void setMacroRecording(bool on);
 std::vector<std::string> recordedMacroLines();
+
+// ---- Host memory handed to add-ons ---------------------------------------------------------------------
+// Host strings (VtxUtilStringAlloc) not yet released.
+long outstandingHostStrings();
 
 // ---- Tracing -------------------------------------------------------------------------------------------
 // While on, every SDK call and style write is appended to a trace, as "VtxUtilRedraw" or
