@@ -1,7 +1,11 @@
 #include "core/Application.h"
 
+#include "export/ExportSetup.h"
+#include "macro/HostStrings.h"
+
 #include <algorithm>
 #include <cstdio>
+#include <stdexcept>
 #include <utility>
 
 namespace vantix::host::detail
@@ -105,7 +109,16 @@ void Application::reset()
     m_lightweightPop = -1;
     m_lightweightPopReturnTo = nullptr;
     m_export.reset(); // an export still open is abandoned
+    m_exportError.clear();
     m_stringsOutstanding = 0;
+    if (m_hostStrings)
+        m_hostStrings->forgetCounts(); // the count starts again; strings handed out stay valid
+    m_sets.reset();                    // sets an add-on did not release die with the state they described
+    m_drawFrame = nullptr;
+    m_screenImage = Image();
+    m_paperWidth = 11.0;
+    m_paperHeight = 8.5;
+    m_pixelsPerInch = 100.0;
     m_macroRecording = false;
     m_macroLines.clear();
     m_errors.clear();
@@ -144,6 +157,13 @@ Frame& Application::addFrame(PlotType_e plotType)
     frame->plotType = plotType;
     m_frames.push_back(std::move(frame));
     m_active = m_frames.back().get();
+    return *m_active;
+}
+
+Frame& Application::requireActiveFrame()
+{
+    if (!m_active)
+        throw std::logic_error("the page has no frame");
     return *m_active;
 }
 
@@ -331,6 +351,7 @@ void Application::defineStyles()
     m_style.define({"StreamAttributes", "StreamTiming", "DeltaTime"}, Stored(StyleKind::Double, 1.0));
     m_style.define({"StreamAttributes", "StreamTiming", "ShowMarkers"}, Stored(StyleKind::Boolean, false));
     m_style.define({"StreamAttributes", "StreamTiming", "ShowDashes"}, Stored(StyleKind::Boolean, false));
+    DefineExportStyles(m_style);
 }
 
 } // namespace vantix::host::detail

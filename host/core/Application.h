@@ -2,6 +2,7 @@
 // done on this object, on the user-interface thread.
 #pragma once
 
+#include "core/Image.h"
 #include "core/StyleTree.h"
 #include "core/View3D.h"
 
@@ -84,8 +85,11 @@ enum class Call
 const char* CallName(Call call);
 
 struct DataSet;       // host/scene
+class SetRegistry;    // host/scene
 struct ExportSession; // host/export
 struct MacroCommands; // host/macro
+class HostStrings;    // host/macro
+class AddOnModules;   // host/macro
 
 struct Frame
 {
@@ -138,6 +142,8 @@ public:
 
     // ---- frames
     Frame* activeFrame() { return m_active; }
+    // The active frame, for the host's own API: throws std::logic_error when the page has none.
+    Frame& requireActiveFrame();
     // The active frame when it is a 3D plot, else null.
     Frame* active3DFrame()
     {
@@ -189,6 +195,7 @@ public:
 
     // Parts of the state that live in their own folders.
     std::shared_ptr<ExportSession> m_export;        // the open export; null when none
+    std::string m_exportError;                      // why the last export operation failed
     std::shared_ptr<MacroCommands> m_macroCommands; // add-on command callbacks; kept across reset
     // Draws the active frame on a redraw; unset, a redraw is only counted.
     std::function<void(Frame&)> m_drawFrame;
@@ -198,6 +205,14 @@ public:
     std::atomic<bool> m_cancelSignal{false};
     // Host strings handed out and not yet released.
     long m_stringsOutstanding = 0;
+    // The host strings' buffers; made on first use, kept across reset (an add-on may still hold one).
+    std::shared_ptr<HostStrings> m_hostStrings;
+    // The add-on modules loaded and started; made on first use, kept across reset.
+    std::shared_ptr<AddOnModules> m_addOnModules;
+    // Zone sets handed out and not yet released; made on first use.
+    std::shared_ptr<SetRegistry> m_sets;
+    // What the last redraw drew, when the renderer draws on redraw (m_drawFrame).
+    Image m_screenImage;
 
 private:
     Application();

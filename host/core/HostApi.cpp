@@ -16,14 +16,6 @@ detail::Application& App()
     return detail::Application::instance();
 }
 
-detail::Frame& ActiveFrame()
-{
-    detail::Frame* frame = App().activeFrame();
-    if (!frame)
-        throw std::logic_error("the page has no frame");
-    return *frame;
-}
-
 const detail::StyleSetting& SettingAt(const std::vector<std::string>& path)
 {
     const detail::StyleNode* node = App().m_style.find(path);
@@ -94,7 +86,7 @@ UniqueID_t addFrame(PlotType_e plotType)
 }
 void setPlotType(PlotType_e plotType)
 {
-    ActiveFrame().plotType = plotType;
+    App().requireActiveFrame().plotType = plotType;
 }
 
 std::vector<UniqueID_t> frameStack()
@@ -118,7 +110,7 @@ bool activateFrame(UniqueID_t uniqueID)
 
 ViewState view()
 {
-    const detail::View3D& v = ActiveFrame().view;
+    const detail::View3D& v = App().requireActiveFrame().view;
     ViewState state;
     state.x = v.position()[0];
     state.y = v.position()[1];
@@ -137,7 +129,7 @@ ViewState view()
 
 void setView(const ViewState& state)
 {
-    detail::View3D& v = ActiveFrame().view;
+    detail::View3D& v = App().requireActiveFrame().view;
     if (!v.setFieldOfView(state.fieldOfView))
         throw std::invalid_argument("the field of view must lie between 0 and 180 degrees");
     v.setPerspective(false); // no dolly: the width is taken as given
@@ -152,7 +144,7 @@ void setView(const ViewState& state)
 
 std::vector<double> viewMatrix()
 {
-    const detail::Matrix3 m = ActiveFrame().view.matrix();
+    const detail::Matrix3 m = App().requireActiveFrame().view.matrix();
     return std::vector<double>(m.begin(), m.end());
 }
 
@@ -189,11 +181,11 @@ int drawSuspensionDepth()
 
 double solutionTime()
 {
-    return ActiveFrame().solutionTime;
+    return App().requireActiveFrame().solutionTime;
 }
 void setSolutionTime(double solutionTime)
 {
-    ActiveFrame().solutionTime = solutionTime;
+    App().requireActiveFrame().solutionTime = solutionTime;
 }
 
 std::vector<StatusEvent> statusEvents()

@@ -8,12 +8,23 @@
 namespace vantix::host::detail
 {
 
-// The size of a region of the page in screen pixels: the active frame, the box around all frames, or the
-// work area. The export takes its aspect ratio from here.
+struct Frame;
+
+// The size of a region of the page in screen pixels (paper inches times the pixels per inch): the active
+// frame, the box around all frames, or the work area (the whole page). The export takes its aspect ratio
+// from here. 0 x 0 for the active frame or all frames when the page has no frame, and for an unknown
+// region.
 void RegionPixelSize(ExportRegion_e region, double& width, double& height);
 
-// Draws a region of the page into an image of width x height pixels. With a supersample factor above 1
-// the region is drawn factor times larger in each direction and filtered down, for smooth edges.
+// Draws a region of the page into an image of width x height pixels: the frames in it at their places,
+// bottom of the stack first, over the white paper. With a supersample factor above 1 the region is drawn
+// factor times larger in each direction and filtered down, for smooth edges (a factor that would make the
+// drawn picture too large is lowered). Throws std::invalid_argument for a size that is not positive or an
+// unknown region, std::logic_error when the region has no frame (the active frame or all frames of an
+// empty page), std::runtime_error when no offscreen OpenGL context can be made.
 Image RenderRegion(ExportRegion_e region, int width, int height, int supersample);
+
+// Draws one frame alone at width x height pixels.
+Image RenderFrame(const Frame& frame, int width, int height, int supersample);
 
 } // namespace vantix::host::detail

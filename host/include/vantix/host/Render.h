@@ -1,0 +1,58 @@
+// The host's own API for pictures: drawing regions of the page offscreen, what the "screen" shows after a
+// redraw, and PNG files.
+#pragma once
+
+#include <VtxUtil.h>
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace vantix::host
+{
+
+// An RGB picture with 8 bits a channel, rows from the top down, no padding between rows.
+struct Image
+{
+    int width = 0;
+    int height = 0;
+    std::vector<std::uint8_t> rgb; // width * height * 3 bytes
+
+    bool empty() const { return width <= 0 || height <= 0; }
+    // The pixel at column x and row y (from the top left corner); {0, 0, 0} outside the picture.
+    std::array<int, 3> pixel(int x, int y) const;
+};
+
+// The size of a region of the page in screen pixels (paper inches times the pixels per inch); {0, 0} when
+// the region has no frame (the active frame or all frames of an empty page).
+std::array<double, 2> regionPixelSize(ExportRegion_e region);
+
+// Draws a region of the page, as an export does: the active frame alone, the box around all frames (each
+// at its place, bottom of the stack first), or the whole work area, over white paper. A 3D frame shows
+// its data set from its view at its solution time, lit, with streamtrace markers and dashes and the frame
+// axis as the style settings say; a frame without a data set shows its background. Supersampling draws
+// larger and averages down. Throws std::invalid_argument for a size that is not positive,
+// std::logic_error for a region without a frame, std::runtime_error when no offscreen OpenGL context can be
+// made.
+Image renderRegion(ExportRegion_e region, int width, int height, int supersample = 1);
+// The active frame alone at width x height pixels.
+Image renderActiveFrame(int width, int height);
+
+// While on, every redraw that draws (VtxUtilRedraw with drawing not suspended) draws the active frame at
+// its size in screen pixels into the screen image. Off after reset; while off, a redraw is only counted.
+// Switching clears the screen image.
+void setRenderOnRedraw(bool on);
+// What the last redraw drew; empty when none has drawn since the switch was turned on.
+Image screenImage();
+
+// The OpenGL implementation drawing the pictures, e.g. "llvmpipe (LLVM 15.0.6, 256 bits), OpenGL 4.5 (Core
+// Profile) Mesa 22.3.6". Makes the renderer when there is none yet.
+std::string rendererDescription();
+
+// PNG files of images: writePng throws std::runtime_error "cannot write PNG file '<path>': <reason>";
+// readPng reads 8-bit grey, RGB and RGBA files and throws "cannot read PNG file '<path>': <reason>".
+void writePng(const Image& image, const std::string& path);
+Image readPng(const std::string& path);
+
+} // namespace vantix::host
