@@ -2,7 +2,9 @@
 // images.
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <vector>
 
 namespace vantix::host
 {
@@ -17,5 +19,20 @@ void setExportSetupFromText(const std::string& name, const std::string& valueTex
 // Throws std::runtime_error with the reason when the format is not a still-image format or the file cannot
 // be written.
 void exportStillImage();
+
+// Why the last export operation failed (empty after a success).
+std::string lastExportError();
+
+// The contents of a raster metafile, the host's own lossless movie file: every frame as RGB bytes, rows
+// from the top down. Throws std::runtime_error for a file that is not one or is damaged.
+struct RasterMetafileContents
+{
+    int width = 0;
+    int height = 0;
+    unsigned rateNumerator = 0;
+    unsigned rateDenominator = 1;
+    std::vector<std::vector<std::uint8_t>> frames;
+};
+RasterMetafileContents readRasterMetafile(const std::string& path);
 
 } // namespace vantix::host

@@ -1,0 +1,159 @@
+#include "export/RasterMetafile.h"
+
+extern "C"
+{
+#include <libavutil/rational.h>
+}
+
+#include <cerrno>
+#include <cstring>
+#include <memory>
+#include <zlib.h>
+
+namespace vantix::host::detail
+{
+
+namespace
+{
+
+const char Signature[8] = {'V', 'T', 'X', 'R', 'M', 'F', '1', '\n'};
+constexpr long FrameCountOffset = 8 + 4 * 4;
+
+struct FileCloser
+{
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+
+std::uint32_t Number(const unsigned char* bytes)
+{
+    return std::uint32_t(bytes[0]) | std::uint32_t(bytes[1]) << 8 | std::uint32_t(bytes[2]) << 16 |
+           std::uint32_t(bytes[3]) << 24;
+}
+
+} // namespace
+
+RasterMetafileWriter::RasterMetafileWriter(const MovieOptions& options)
+    : m_path(options.path), m_width(options.width), m_height(options.height)
+{
+    m_file = std::fopen(m_path.c_str(), "wb");
+    if (!m_file)
+        throw ExportError("cannot write " + m_path + ": " + std::strerror(errno));
+    const AVRational rate = av_d2q(options.framesPerSecond, 65535);
+    try
+    {
+        put(Signature, sizeof Signature);
+        putNumber(std::uint32_t(m_width));
+        putNumber(std::uint32_t(m_height));
+        putNumber(std::uint32_t(rate.num));
+        putNumber(std::uint32_t(rate.den));
+        putNumber(0);
+    }
+    catch (...)
+    {
+        std::fclose(m_file);
+        std::remove(m_path.c_str());
+        throw;
+    }
+}
+
+RasterMetafileWriter::~RasterMetafileWriter()
+{
+    if (m_file)
+        std::fclose(m_file);
+    if (!m_finished)
+        std::remove(m_path.c_str());
+}
+
+void RasterMetafileWriter::write(const Image& image)
+{
+    if (image.width != m_width || image.height != m_height)
+        throw ExportError("an image of " + std::to_string(image.width) + " x " +
+                          std::to_string(image.height) + " does not fit a raster metafile of " +
+                          std::to_string(m_width) + " x " + std::to_string(m_height));
+    uLongf size = compressBound(uLong(image.rgb.size()));
+    m_compressed.resize(size);
+    // The fastest level: the pictures are large and the file is only an intermediate one.
+    if (compress2(m_compressed.data(), &size, image.rgb.data(), uLong(image.rgb.size()), Z_BEST_SPEED) !=
+        Z_OK)
+        throw ExportError("cannot compress a frame for " + m_path);
+    putNumber(std::uint32_t(size));
+    put(m_compressed.data(), size);
+    ++m_frames;
+}
+
+void RasterMetafileWriter::finish()
+{
+    if (std::fseek(m_file, FrameCountOffset, SEEK_SET) != 0)
+        throw ExportError("cannot complete " + m_path + ": " + std::strerror(errno));
+    putNumber(m_frames);
+    const int closed = std::fclose(m_file);
+    m_file = nullptr;
+    if (closed != 0)
+        throw ExportError("cannot complete " + m_path + ": " + std::strerror(errno));
+    m_finished = true;
+}
+
+void RasterMetafileWriter::put(const void* bytes, std::size_t count)
+{
+    if (std::fwrite(bytes, 1, count, m_file) != count)
+        throw ExportError("cannot write to " + m_path + ": " + std::strerror(errno));
+}
+
+void RasterMetafileWriter::putNumber(std::uint32_t value)
+{
+    const unsigned char bytes[4] = {static_cast<unsigned char>(value), static_cast<unsigned char>(value >> 8),
+                                    static_cast<unsigned char>(value >> 16),
+                                    static_cast<unsigned char>(value >> 24)};
+    put(bytes, sizeof bytes);
+}
+
+RasterMetafile ReadRasterMetafile(const std::string& path)
+{
+    std::unique_ptr<std::FILE, FileCloser> file(std::fopen(path.c_str(), "rb"));
+    if (!file)
+        throw ExportError("cannot read " + path + ": " + std::strerror(errno));
+    const auto read = [&](void* bytes, std::size_t count)
+    {
+        if (std::fread(bytes, 1, count, file.get()) != count)
+            throw ExportError(path + " ends too early");
+    };
+    const auto readNumber = [&]
+    {
+        unsigned char bytes[4];
+        read(bytes, 4);
+        return Number(bytes);
+    };
+
+    char signature[8];
+    read(signature, 8);
+    if (std::memcmp(signature, Signature, 8) != 0)
+        throw ExportError(path + " is not a raster metafile");
+    RasterMetafile metafile;
+    metafile.width = int(readNumber());
+    metafile.height = int(readNumber());
+    metafile.rateNumerator = readNumber();
+    metafile.rateDenominator = readNumber();
+    const std::uint32_t frames = readNumber();
+    const std::size_t frameBytes = std::size_t(metafile.width) * std::size_t(metafile.height) * 3;
+    if (metafile.width <= 0 || metafile.height <= 0 || frameBytes > (std::size_t(1) << 31))
+        throw ExportError(path + " has an impossible image size");
+
+    std::vector<unsigned char> compressed;
+    for (std::uint32_t i = 0; i < frames; ++i)
+    {
+        compressed.resize(readNumber());
+        read(compressed.data(), compressed.size());
+        Image image;
+        image.width = metafile.width;
+        image.height = metafile.height;
+        image.rgb.resize(frameBytes);
+        uLongf size = uLongf(frameBytes);
+        if (uncompress(image.rgb.data(), &size, compressed.data(), uLong(compressed.size())) != Z_OK ||
+            size != frameBytes)
+            throw ExportError("frame " + std::to_string(i + 1) + " of " + path + " is damaged");
+        metafile.frames.push_back(std::move(image));
+    }
+    return metafile;
+}
+
+} // namespace vantix::host::detail
