@@ -1,40 +1,9 @@
 // Drawing, the status line and macro recording.
 #include "core/Application.h"
+#include "macro/MacroText.h"
 
 using vantix::host::detail::Application;
 using vantix::host::detail::Call;
-
-namespace
-{
-
-// Escapes a text for a single-quoted macro argument so that replay gives back exactly the same text.
-std::string QuotedMacroText(const char* text)
-{
-    std::string quoted = "'";
-    for (const char* c = text ? text : ""; *c; ++c)
-    {
-        switch (*c)
-        {
-        case '\\':
-            quoted += "\\\\";
-            break;
-        case '\'':
-            quoted += "\\'";
-            break;
-        case '\n':
-            quoted += "\\n";
-            break;
-        case '\r':
-            quoted += "\\r";
-            break;
-        default:
-            quoted += *c;
-        }
-    }
-    return quoted + "'";
-}
-
-} // namespace
 
 extern "C"
 {
@@ -101,8 +70,10 @@ extern "C"
     {
         Application& app = Application::instance();
         app.note(Call::MacroRecordExtCommand);
-        return app.recordMacroLine("$!ADDONCOMMAND ADDONID = " + QuotedMacroText(addOnIDString) +
-                                   " COMMAND = " + QuotedMacroText(command))
+        using vantix::host::detail::QuoteMacroText;
+        return app.recordMacroLine(
+                   "$!ADDONCOMMAND ADDONID = " + QuoteMacroText(addOnIDString ? addOnIDString : "", '\'') +
+                   " COMMAND = " + QuoteMacroText(command ? command : "", '\''))
                    ? TRUE
                    : FALSE;
     }

@@ -1,0 +1,64 @@
+#include "app/CommandLine.h"
+
+namespace vantix::host::detail
+{
+
+ProgramOptions ParseCommandLine(const std::vector<std::string>& arguments)
+{
+    ProgramOptions options;
+    for (std::size_t i = 0; i < arguments.size(); ++i)
+    {
+        const std::string& argument = arguments[i];
+        const auto value = [&]() -> const std::string&
+        {
+            if (i + 1 == arguments.size())
+                throw UsageError("option " + argument + " needs a value");
+            return arguments[++i];
+        };
+        if (argument == "--help")
+            options.help = true;
+        else if (argument == "--no-default-addon")
+            options.defaultAddOn = false;
+        else if (argument == "--addon")
+            options.addOns.push_back(value());
+        else if (argument == "--record")
+            options.recordPath = value();
+        else if (argument.size() > 1 && argument[0] == '-')
+            throw UsageError("unknown option " + argument);
+        else if (!options.macroPath.empty())
+            throw UsageError("more than one macro file given: " + options.macroPath + " and " + argument);
+        else
+            options.macroPath = argument;
+    }
+    return options;
+}
+
+std::string HelpText(const std::string& defaultAddOnPath)
+{
+    return "Usage: vantix [options] MACRO\n"
+           "\n"
+           "Replays the macro file MACRO in batch and exits. vantix is the Vantix host: it loads add-on\n"
+           "modules, then runs the macro's commands one after the other and stops at the first that fails.\n"
+           "The desktop front end does not exist yet, so a macro file must be given.\n"
+           "\n"
+           "Options:\n"
+           "  --addon PATH         also load the add-on module PATH (a shared library exporting\n"
+           "                       InitVtxAddOn113); may be given more than once, loaded in that order\n"
+           "  --no-default-addon   do not load the key frame animation module, which is otherwise loaded\n"
+           "                       first, from " +
+           defaultAddOnPath +
+           "\n"
+           "  --record FILE        record a macro of what is replayed and write it to FILE at the end\n"
+           "                       (also when a command fails: what ran until then)\n"
+           "  --help               show this help and exit\n"
+           "\n"
+           "Progress is shown on standard error: a progress bar on a terminal, plain progress lines\n"
+           "otherwise. Ctrl-C asks the running operation to stop (and the replay to stop before its next\n"
+           "command); a second Ctrl-C ends the program at once.\n"
+           "\n"
+           "Exit status: 0 when every command ran; 1 when a command failed (its FILE:LINE: reason on\n"
+           "standard error); 2 for bad usage, or a macro file, add-on module or record file that cannot be\n"
+           "read or written.\n";
+}
+
+} // namespace vantix::host::detail

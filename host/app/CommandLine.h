@@ -1,0 +1,34 @@
+// The command line of the vantix program.
+#pragma once
+
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace vantix::host::detail
+{
+
+struct ProgramOptions
+{
+    bool help = false;
+    bool defaultAddOn = true;
+    std::vector<std::string> addOns; // in the order given
+    std::optional<std::string> recordPath;
+    std::string macroPath; // empty: none given
+};
+
+// A command line the program cannot follow; the message is one line.
+class UsageError : public std::runtime_error
+{
+public:
+    explicit UsageError(const std::string& message) : std::runtime_error(message) {}
+};
+
+// Throws UsageError for an unknown option, an option without its value, or more than one macro file.
+ProgramOptions ParseCommandLine(const std::vector<std::string>& arguments);
+
+// The text of --help; defaultAddOnPath is the module loaded unless --no-default-addon is given.
+std::string HelpText(const std::string& defaultAddOnPath);
+
+} // namespace vantix::host::detail

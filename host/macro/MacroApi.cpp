@@ -1,0 +1,84 @@
+// The host's own API for macros (vantix/host/Macro.h).
+#include "core/Application.h"
+#include "macro/AddOnModules.h"
+#include "macro/MacroRunner.h"
+
+#include <vantix/host/Macro.h>
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+
+namespace vantix::host
+{
+
+namespace
+{
+
+MacroResult Unreadable(const std::string& path, const std::string& reason)
+{
+    MacroResult result;
+    result.status = MacroResult::Status::Unreadable;
+    result.message = path + ": cannot read the macro file: " + reason;
+    return result;
+}
+
+} // namespace
+
+MacroResult runMacroFile(const std::string& path)
+{
+    std::error_code error;
+    if (std::filesystem::is_directory(path, error))
+        return Unreadable(path, "it is a folder");
+    std::ifstream file(path, std::ios::binary);
+    if (!file)
+        return Unreadable(path, std::strerror(errno));
+    std::ostringstream text;
+    text << file.rdbuf();
+    if (file.bad())
+        return Unreadable(path, std::strerror(errno));
+    const std::filesystem::path folder = std::filesystem::path(path).parent_path();
+    return detail::MacroRunner(path, folder.empty() ? std::filesystem::path(".") : folder).run(text.str());
+}
+
+MacroResult runMacroText(const std::string& text, const std::string& name, const std::string& folder)
+{
+    return detail::MacroRunner(name, folder).run(text);
+}
+
+std::string recordedMacroText()
+{
+    std::string text = std::string(MacroHeader) + "\n";
+    const std::vector<std::string>& lines = detail::Application::instance().m_macroLines;
+    for (std::size_t i = 0; i < lines.size(); ++i)
+    {
+        if (lines[i].find_first_of("\r\n") != std::string::npos)
+            throw std::runtime_error("recorded macro line " + std::to_string(i + 1) +
+                                     " holds a line break, which a macro file cannot carry: " + lines[i]);
+        text += lines[i] + "\n";
+    }
+    return text;
+}
+
+void writeRecordedMacro(const std::string& path)
+{
+    const std::string text = recordedMacroText();
+    std::ofstream file(path, std::ios::binary | std::ios::trunc);
+    if (file)
+        file << text;
+    if (file)
+        file.close();
+    if (!file)
+        throw std::runtime_error("cannot write the macro file " + path + ": " + std::strerror(errno));
+}
+
+void loadAddOnModule(const std::string& path)
+{
+    // An absolute path, so that the loader does not look for a bare file name in the library folders.
+    detail::AddOnModulesOf(detail::Application::instance()).load(std::filesystem::absolute(path).string());
+}
+
+} // namespace vantix::host
