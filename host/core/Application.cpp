@@ -1,6 +1,7 @@
 #include "core/Application.h"
 
 #include "export/ExportSetup.h"
+#include "gui/UserInterface.h"
 #include "macro/HostStrings.h"
 
 #include <algorithm>
@@ -63,6 +64,63 @@ const char* const CallNames[] = {
     "VtxUtilMacroAddCommandCallback",
     "VtxUtilStringAlloc",
     "VtxUtilStringDealloc",
+    "VtxUtilDataSetJournalIsValid",
+    "VtxUtilDataSetAddJournalCommand",
+    "VtxUtilDialogErrMsg",
+    "VtxUtilDialogMessageBox",
+    "VtxUtilDialogGetFileName",
+    "VtxUtilHelp",
+    "VtxUtilMenuAddOption",
+    "VtxUtilMenuSetSensitivity",
+    "VtxUtilArrayDealloc",
+    "VtxUtilArgListAlloc",
+    "VtxUtilArgListAppendInt",
+    "VtxUtilArgListAppendFunction",
+    "VtxUtilArgListDealloc",
+    "VtxUtilStateChangeAddCallbackX",
+    "VtxUtilOnIdleQueueAddCallback",
+    "VtxGUIDialogCreateModeless",
+    "VtxGUIDialogCreateModal",
+    "VtxGUIDialogLaunch",
+    "VtxGUIDialogDrop",
+    "VtxGUIDialogIsUp",
+    "VtxGUIButtonAdd",
+    "VtxGUILabelAdd",
+    "VtxGUILabelSetText",
+    "VtxGUIFrameAdd",
+    "VtxGUITextFieldAdd",
+    "VtxGUISpinTextFieldAdd",
+    "VtxGUITextFieldSetString",
+    "VtxGUITextFieldGetString",
+    "VtxGUIToggleAdd",
+    "VtxGUIToggleGet",
+    "VtxGUIToggleSet",
+    "VtxGUIRadioBoxAdd",
+    "VtxGUIRadioBoxGetToggle",
+    "VtxGUIRadioBoxSetToggle",
+    "VtxGUISetSensitivity",
+    "VtxGUISetToolTip",
+    "VtxGUIListAdd",
+    "VtxGUIListGetItemCount",
+    "VtxGUIListAppendItem",
+    "VtxGUIListReplaceItem",
+    "VtxGUIListDeleteItemAtPos",
+    "VtxGUIListDeleteAllItems",
+    "VtxGUIListSetSelectedItem",
+    "VtxGUIListSetSelectedItems",
+    "VtxGUIListGetSelectedItems",
+    "VtxGUIListDeselectAllItems",
+    "VtxGUIOptionMenuAdd",
+    "VtxGUIOptionMenuAppendItem",
+    "VtxGUIOptionMenuDeleteAllItems",
+    "VtxGUIOptionMenuGet",
+    "VtxGUIOptionMenuSet",
+    "VtxGUIMenuBarAdd",
+    "VtxGUIMenuAdd",
+    "VtxGUIMenuAddItem",
+    "VtxGUIMenuAddToggle",
+    "VtxGUIMenuAddSeparator",
+    "VtxGUIMenuSetToggle",
 };
 static_assert(sizeof(CallNames) / sizeof(CallNames[0]) == static_cast<std::size_t>(Call::Count));
 
@@ -89,6 +147,13 @@ Application& Application::instance()
 
 Application::Application()
 {
+    // A "ThreeDView" setting is part of the view; every other setting is style.
+    m_style.setChangeObserver(
+        [this](const std::string& path)
+        {
+            const bool view = path.compare(0, 11, "ThreeDView/") == 0;
+            RaiseStateChange(*this, view ? StateChange_View3D : StateChange_Style);
+        });
     defineStyles();
 }
 
@@ -125,6 +190,8 @@ void Application::reset()
     m_tracing = false;
     m_trace.clear();
     m_callCounts.fill(0);
+    // Made here if need be, so that a clean host is one whose help never starts a browser.
+    UserInterfaceOf(*this).reset();
 }
 
 void Application::reportError(std::string error)
@@ -157,6 +224,8 @@ Frame& Application::addFrame(PlotType_e plotType)
     frame->plotType = plotType;
     m_frames.push_back(std::move(frame));
     m_active = m_frames.back().get();
+    RaiseStateChange(*this, StateChange_FrameCreated);
+    RaiseStateChange(*this, StateChange_NewTopFrame);
     return *m_active;
 }
 
@@ -172,7 +241,7 @@ bool Application::activate(UniqueID_t id)
     for (auto& frame : m_frames)
         if (frame->id == id)
         {
-            m_active = frame.get();
+            makeActive(frame.get());
             return true;
         }
     return false;
@@ -182,8 +251,34 @@ bool Application::activateTop()
 {
     if (m_frames.empty())
         return false;
-    m_active = m_frames.back().get();
+    makeActive(m_frames.back().get());
     return true;
+}
+
+bool Application::deleteFrame(UniqueID_t id)
+{
+    const auto found =
+        std::find_if(m_frames.begin(), m_frames.end(), [id](const auto& frame) { return frame->id == id; });
+    if (found == m_frames.end())
+        return false;
+    const bool wasActive = found->get() == m_active;
+    if (m_lightweightPopReturnTo == found->get())
+        m_lightweightPopReturnTo = nullptr;
+    m_frames.erase(found);
+    if (wasActive)
+        m_active = m_frames.empty() ? nullptr : m_frames.back().get();
+    RaiseStateChange(*this, StateChange_FrameDeleted);
+    if (wasActive)
+        RaiseStateChange(*this, StateChange_NewTopFrame);
+    return true;
+}
+
+void Application::makeActive(Frame* frame)
+{
+    if (frame == m_active)
+        return;
+    m_active = frame;
+    RaiseStateChange(*this, StateChange_NewTopFrame);
 }
 
 bool Application::pushTop()

@@ -80,6 +80,63 @@ enum class Call
     MacroAddCommandCallback,
     StringAlloc,
     StringDealloc,
+    DataSetJournalIsValid,
+    DataSetAddJournalCommand,
+    DialogErrMsg,
+    DialogMessageBox,
+    DialogGetFileName,
+    Help,
+    MenuAddOption,
+    MenuSetSensitivity,
+    ArrayDealloc,
+    ArgListAlloc,
+    ArgListAppendInt,
+    ArgListAppendFunction,
+    ArgListDealloc,
+    StateChangeAddCallbackX,
+    OnIdleQueueAddCallback,
+    GuiDialogCreateModeless,
+    GuiDialogCreateModal,
+    GuiDialogLaunch,
+    GuiDialogDrop,
+    GuiDialogIsUp,
+    GuiButtonAdd,
+    GuiLabelAdd,
+    GuiLabelSetText,
+    GuiFrameAdd,
+    GuiTextFieldAdd,
+    GuiSpinTextFieldAdd,
+    GuiTextFieldSetString,
+    GuiTextFieldGetString,
+    GuiToggleAdd,
+    GuiToggleGet,
+    GuiToggleSet,
+    GuiRadioBoxAdd,
+    GuiRadioBoxGetToggle,
+    GuiRadioBoxSetToggle,
+    GuiSetSensitivity,
+    GuiSetToolTip,
+    GuiListAdd,
+    GuiListGetItemCount,
+    GuiListAppendItem,
+    GuiListReplaceItem,
+    GuiListDeleteItemAtPos,
+    GuiListDeleteAllItems,
+    GuiListSetSelectedItem,
+    GuiListSetSelectedItems,
+    GuiListGetSelectedItems,
+    GuiListDeselectAllItems,
+    GuiOptionMenuAdd,
+    GuiOptionMenuAppendItem,
+    GuiOptionMenuDeleteAllItems,
+    GuiOptionMenuGet,
+    GuiOptionMenuSet,
+    GuiMenuBarAdd,
+    GuiMenuAdd,
+    GuiMenuAddItem,
+    GuiMenuAddToggle,
+    GuiMenuAddSeparator,
+    GuiMenuSetToggle,
     Count
 };
 const char* CallName(Call call);
@@ -90,6 +147,7 @@ struct ExportSession; // host/export
 struct MacroCommands; // host/macro
 class HostStrings;    // host/macro
 class AddOnModules;   // host/macro
+struct UserInterface; // host/gui
 
 struct Frame
 {
@@ -153,6 +211,9 @@ public:
     bool activate(UniqueID_t id);
     bool activateTop();
     bool pushTop();
+    // Takes a frame off the page; the top frame becomes active when it was the active one. False for an
+    // unknown frame.
+    bool deleteFrame(UniqueID_t id);
 
     // ---- status line
     void statusStart(const char* text, bool showStop, bool showBar);
@@ -211,11 +272,16 @@ public:
     std::shared_ptr<AddOnModules> m_addOnModules;
     // Zone sets handed out and not yet released; made on first use.
     std::shared_ptr<SetRegistry> m_sets;
+    // Dialogs, controls, menus, messages, host arrays, argument lists, the on-idle queue and state-change
+    // listeners; made on first use, kept across reset (add-ons keep the identifiers and registrations).
+    std::shared_ptr<UserInterface> m_userInterface;
     // What the last redraw drew, when the renderer draws on redraw (m_drawFrame).
     Image m_screenImage;
 
 private:
     Application();
+    // Makes a frame (or none) active, telling the listeners when that changes the active frame.
+    void makeActive(Frame* frame);
     void logStatus(StatusEvent event);
     void defineStyles();
 };

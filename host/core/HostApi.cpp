@@ -1,5 +1,7 @@
 // The host's own API over the one Application.
 #include "core/Application.h"
+#include "gui/UserInterface.h"
+#include "scene/DataSet.h"
 
 #include <vantix/host/Host.h>
 
@@ -86,7 +88,19 @@ UniqueID_t addFrame(PlotType_e plotType)
 }
 void setPlotType(PlotType_e plotType)
 {
-    App().requireActiveFrame().plotType = plotType;
+    detail::Frame& frame = App().requireActiveFrame();
+    if (frame.plotType == plotType)
+        return;
+    frame.plotType = plotType;
+    detail::RaiseStateChange(App(), StateChange_PlotTypeChanged);
+}
+
+void deleteFrame(UniqueID_t uniqueID)
+{
+    if (App().m_lightweightPop >= 0)
+        throw std::logic_error("a frame cannot be deleted during a lightweight frame walk");
+    if (!App().deleteFrame(uniqueID))
+        throw std::invalid_argument("the page has no frame " + std::to_string(uniqueID));
 }
 
 std::vector<UniqueID_t> frameStack()
@@ -140,6 +154,7 @@ void setView(const ViewState& state)
     v.setAngle(detail::View3D::Axis::Theta, state.theta);
     v.setAngle(detail::View3D::Axis::Alpha, state.alpha);
     v.setRotationOrigin({state.originX, state.originY, state.originZ});
+    detail::RaiseStateChange(App(), StateChange_View3D);
 }
 
 std::vector<double> viewMatrix()
@@ -221,6 +236,26 @@ void requestCancelFromSignal()
 void setStatusObserver(std::function<void(const StatusEvent&)> observer)
 {
     App().m_statusObserver = std::move(observer);
+}
+
+std::vector<JournalCommand> journalCommands()
+{
+    const detail::Frame* frame = App().activeFrame();
+    return frame && frame->dataSet ? frame->dataSet->journal : std::vector<JournalCommand>{};
+}
+
+bool journalIsValid()
+{
+    const detail::Frame* frame = App().activeFrame();
+    return frame && frame->dataSet && frame->dataSet->journalValid;
+}
+
+void setJournalValid(bool valid)
+{
+    detail::Frame& frame = App().requireActiveFrame();
+    if (!frame.dataSet)
+        throw std::logic_error("the active frame has no data set");
+    frame.dataSet->journalValid = valid;
 }
 
 long outstandingHostStrings()

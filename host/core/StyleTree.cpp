@@ -126,6 +126,8 @@ StyleSetting& StyleTree::define(std::initializer_list<std::string_view> names, S
     StyleNode* node = &m_root;
     for (std::string_view name : names)
         node = &node->addChild(name);
+    if (m_changeObserver && !setting.changed)
+        setting.changed = [observer = m_changeObserver, path = node->path()] { observer(path); };
     node->makeSetting(std::move(setting));
     return node->setting();
 }
@@ -182,12 +184,16 @@ SetValueReturnCode_e WriteSetting(StyleSetting& setting, StyleKind kind, const S
             return SetValueReturnCode_InvalidValue;
     }
 
+    SetValueReturnCode_e result = SetValueReturnCode_Ok;
     if (setting.write)
-        return setting.write(next);
-    if (next == setting.stored)
-        return SetValueReturnCode_DuplicateValue;
-    setting.stored = std::move(next);
-    return SetValueReturnCode_Ok;
+        result = setting.write(next);
+    else if (next == setting.stored)
+        result = SetValueReturnCode_DuplicateValue;
+    else
+        setting.stored = std::move(next);
+    if (result == SetValueReturnCode_Ok && setting.changed)
+        setting.changed();
+    return result;
 }
 
 } // namespace vantix::host::detail

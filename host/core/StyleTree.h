@@ -39,6 +39,8 @@ struct StyleSetting
     // When set, a read or write first asks whether the setting can be used now (for example, whether
     // there is an active 3D frame) and is refused with a context error otherwise.
     std::function<bool()> available;
+    // Called after every write that took a value (not after a refused or duplicate one).
+    std::function<void()> changed;
 };
 
 class StyleNode
@@ -77,10 +79,18 @@ public:
     // Defines a setting at a path, creating the nodes on the way.
     StyleSetting& define(std::initializer_list<std::string_view> names, StyleSetting setting);
 
+    // Told the path of every setting defined from now on after each write that took its value; kept when
+    // the tree is cleared.
+    void setChangeObserver(std::function<void(const std::string& path)> observer)
+    {
+        m_changeObserver = std::move(observer);
+    }
+
     void clear() { m_root = StyleNode(""); }
 
 private:
     StyleNode m_root;
+    std::function<void(const std::string& path)> m_changeObserver;
 };
 
 // Reading and writing a setting with its checks: kind, enumeration range, finite numbers, the assignment

@@ -125,6 +125,61 @@ enum GetValueReturnCode_e
     GetValueReturnCode_ContextError = 3
 };
 
+// State changes the host tells add-ons about, as they happen: through callbacks registered with
+// VtxUtilStateChangeAddCallbackX and through vantix::toolbox::StateChangeNotifier listeners.
+enum StateChange_e
+{
+    StateChange_ZonesDeleted = 2,    // no operation of this host deletes zones yet
+    StateChange_ZonesAdded = 3,      // a data set's zones came into a frame
+    StateChange_FrameDeleted = 5,    // before the active frame is told, when that changes too
+    StateChange_NewTopFrame = 6,     // the active frame changed (also to none)
+    StateChange_Style = 7,           // a style setting changed, other than a "ThreeDView" one
+    StateChange_DataSetReset = 8,    // a frame's data set was replaced by another
+    StateChange_NewLayout = 9,       // no operation of this host starts a new layout yet
+    StateChange_View3D = 12,         // the active frame's 3D view changed
+    StateChange_QuitProgram = 15,    // the program is ending
+    StateChange_ZoneActivation = 16, // zones were enabled or disabled
+    StateChange_PlotTypeChanged = 44,
+    StateChange_FrameCreated = 50, // followed by NewTopFrame: a new frame becomes active
+    StateChange_DataSetLoaded = 51
+};
+typedef void (*StateChangeCallback_pf)(StateChange_e stateChange);
+
+// How state changes reach a listener. This host delivers each change the moment it happens.
+enum StateChangeMode_e
+{
+    StateChangeMode_Immediate = 2
+};
+// The form of a state-change callback: StateChangeCallback_pf, the change alone.
+enum StateChangeCallbackAPI_e
+{
+    StateChangeCallbackAPI_ChangeOnly = 1
+};
+
+// A list of named arguments for the SDK functions that take one (VtxUtilStateChangeAddCallbackX).
+typedef struct ArgList_s* ArgList_pa;
+
+// Message boxes: Error, Warning and Information only tell; Question asks OK or Cancel, YesNo asks Yes or No.
+enum MessageBoxType_e
+{
+    MessageBoxType_Error = 0,
+    MessageBoxType_Warning = 1,
+    MessageBoxType_Information = 2,
+    MessageBoxType_Question = 3,
+    MessageBoxType_YesNo = 4
+};
+
+// The host's file dialogs: choose an existing file to read, or a file to write (the dialog itself has the
+// user confirm overwriting an existing file).
+enum SelectFileOption_e
+{
+    SelectFileOption_ReadSingleFile = 0,
+    SelectFileOption_WriteFile = 3
+};
+
+// An option an add-on adds to one of the host's menus.
+typedef void (*MenuOptionCallback_pf)(void);
+
 #if defined(__GNUC__)
 #define VTX_SDK_API __attribute__((visibility("default")))
 #else
@@ -236,6 +291,17 @@ extern "C"
     // 0 for a static zone; greater than 0 for a zone of a time strand.
     VTX_SDK_API EntIndex_t VtxUtilZoneGetStrandID(EntIndex_t zone);
 
+    // ---- Journal of the active frame's data set
+    // --------------------------------------------------------------- The journal keeps, with the data
+    // set, the commands that made its data what it is. It is valid while the active frame has a data set
+    // whose journal the host has not given up on (a change to the data that it cannot tell); a newly
+    // loaded data set starts with a valid, empty journal.
+    VTX_SDK_API Boolean VtxUtilDataSetJournalIsValid(void);
+    // Appends an add-on command (its id, its text and optional raw data, null for none) to the journal.
+    // FALSE, and nothing kept, when the journal is not valid.
+    VTX_SDK_API Boolean VtxUtilDataSetAddJournalCommand(const char* addOnIDString, const char* instructions,
+                                                        const char* rawData);
+
     // ---- Export
     // -------------------------------------------------------------------------------------------- Sets one
     // "ExportSetup" value: numbers in doubleValue; enumerations, integers, switches and the file name (a
@@ -266,5 +332,53 @@ extern "C"
     // released.
     VTX_SDK_API char* VtxUtilStringAlloc(int maxLength, const char* debugInfo);
     VTX_SDK_API void VtxUtilStringDealloc(char** text);
+
+    // ---- Messages, questions, file dialogs and help -------------------------------------------------------
+    // A modal error message.
+    VTX_SDK_API void VtxUtilDialogErrMsg(const char* message);
+    // TRUE for OK or Yes, FALSE for Cancel or No; the boxes that only tell answer TRUE.
+    VTX_SDK_API Boolean VtxUtilDialogMessageBox(const char* message, MessageBoxType_e type);
+    // The host's file dialog, showing files of the type fileTypeName that match defaultFilter ("*.ext"),
+    // with defaultFileName offered. TRUE when the user chose a file: its name is then in a host string
+    // stored through fileName, which the caller releases with VtxUtilStringDealloc.
+    VTX_SDK_API Boolean VtxUtilDialogGetFileName(SelectFileOption_e option, char** fileName,
+                                                 const char* fileTypeName, const char* defaultFileName,
+                                                 const char* defaultFilter);
+    // Shows a help page: a page of the host's help folder (docs/help), or with isURL TRUE a web address as
+    // given. FALSE when the help folder has no such page. reserved is unused; pass 0.
+    VTX_SDK_API Boolean VtxUtilHelp(const char* helpFile, Boolean isURL, int reserved);
+
+    // ---- Options in the host's menus ----------------------------------------------------------------------
+    // Adds an option at the end of one of the host's menus ("File", "Edit", "View", "Plot", "Animate",
+    // "Data", "Frame", "Options", "Scripting", "Tools", "Help"), usable at once when sensitive is TRUE or
+    // greyed out. The label marks its mnemonic letter with '&'. FALSE for an unknown menu or a label the
+    // menu has already.
+    VTX_SDK_API Boolean VtxUtilMenuAddOption(const char* menuPath, const char* label, Boolean sensitive,
+                                             MenuOptionCallback_pf callback);
+    VTX_SDK_API Boolean VtxUtilMenuSetSensitivity(const char* menuPath, const char* label, Boolean sensitive);
+
+    // ---- Host arrays --------------------------------------------------------------------------------------
+    // Releases an array the host handed out (VtxGUIListGetSelectedItems) and sets the pointer to null;
+    // null is fine. The host counts what is not released.
+    VTX_SDK_API void VtxUtilArrayDealloc(void** array);
+
+    // ---- Argument lists -----------------------------------------------------------------------------------
+    // Names are matched in any case and may appear once in a list. The host counts lists not released.
+    VTX_SDK_API ArgList_pa VtxUtilArgListAlloc(void);
+    VTX_SDK_API Boolean VtxUtilArgListAppendInt(ArgList_pa argList, const char* name, LgIndex_t value);
+    VTX_SDK_API Boolean VtxUtilArgListAppendFunction(ArgList_pa argList, const char* name,
+                                                     const void* function);
+    // Releases the list and sets the handle to null.
+    VTX_SDK_API void VtxUtilArgListDealloc(ArgList_pa* argList);
+
+    // ---- State changes and the on-idle queue --------------------------------------------------------------
+    // Registers a state-change callback with the arguments "CallbackFunction" (a StateChangeCallback_pf),
+    // "StateChangeMode" (2, the default) and "StateChangeCallbackAPI" (1, the default). The host calls
+    // it for every state change from then on, for the rest of the process. FALSE when an argument is
+    // missing, unknown or of a value the host does not offer, and for a callback registered already.
+    VTX_SDK_API Boolean VtxUtilStateChangeAddCallbackX(ArgList_pa argList);
+    // Queues one call of callback(clientData) for when the host is next idle. Calls run in the order
+    // queued; a call queued while the queue runs waits for the next idle moment.
+    VTX_SDK_API Boolean VtxUtilOnIdleQueueAddCallback(OnIdleCallback_pf callback, ArbParam_t clientData);
 
 } // extern "C"

@@ -2,6 +2,7 @@
 
 #include "core/Application.h"
 #include "export/Exporter.h"
+#include "gui/UserInterface.h"
 #include "macro/AddOnModules.h"
 #include "macro/HostStrings.h"
 #include "macro/MacroCommands.h"
@@ -104,6 +105,7 @@ void RunRotate3DView(const macro::Rotate3DView& command)
                               : command.axis == RotateAxis_Theta ? View3D::Axis::Theta
                                                                  : View3D::Axis::Alpha;
     frame->view.rotate(axis, command.degrees, frame->view.rotationOrigin());
+    RaiseStateChange(App(), StateChange_View3D);
 }
 
 void RequireFrame(const char* toDo)

@@ -1,6 +1,7 @@
 #include "macro/MacroRunner.h"
 
 #include "core/Application.h"
+#include "gui/UserInterface.h"
 #include "macro/MacroError.h"
 #include "macro/MacroExecutor.h"
 #include "macro/MacroParser.h"
@@ -27,6 +28,10 @@ std::string_view NextLine(std::string_view text, std::size_t& position)
         line.remove_suffix(1);
     return line;
 }
+
+// Rounds of the on-idle queue between two commands: enough for calls that queue others, bounded for a call
+// that always queues itself again.
+constexpr int IdleRoundsBetweenCommands = 100;
 
 bool IsRecordedByTheRunner(const MacroCommand& command)
 {
@@ -76,6 +81,12 @@ MacroResult MacroRunner::run(std::string_view text) const
         runIdleWork();
     }
     return MacroResult();
+}
+
+void MacroRunner::runIdleWork()
+{
+    Application& app = Application::instance();
+    UserInterfaceOf(app).onIdle.runUntilEmpty(app, IdleRoundsBetweenCommands);
 }
 
 MacroResult MacroRunner::failure(MacroResult::Status status, int line, const std::string& reason) const

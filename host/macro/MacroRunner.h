@@ -21,9 +21,9 @@ public:
 
 private:
     MacroResult failure(MacroResult::Status status, int line, const std::string& reason) const;
-    // Where the host's on-idle queue runs between commands, as it runs after events in the desktop
-    // program. The host has no on-idle queue yet, so there is nothing to run here.
-    static void runIdleWork() {}
+    // The host is idle between commands, as the desktop program is after its events: the on-idle queue runs
+    // until it is empty (a call that keeps queueing itself gets a bounded number of rounds).
+    static void runIdleWork();
 
     std::string m_name;
     std::filesystem::path m_folder;

@@ -4,6 +4,8 @@
 
 #include "scene/Geometry.h"
 
+#include <vantix/host/Host.h>
+
 #include <memory>
 #include <string>
 #include <vector>
@@ -49,6 +51,11 @@ struct DataSet
     bool hasScalar = false;
     float scalarMin = 0.0f;
     float scalarMax = 1.0f;
+
+    // The journal: add-on commands kept with the data, oldest first. A new data set's journal is valid and
+    // empty; once the host gives up on it, it keeps what it has and takes nothing more.
+    std::vector<JournalCommand> journal;
+    bool journalValid = true;
 
     int zoneCount() const { return static_cast<int>(zones.size()); }
     bool isZone(int zone) const { return zone >= 1 && zone <= zoneCount(); }

@@ -1,5 +1,7 @@
 #include "scene/DataSetLoading.h"
 
+#include "gui/UserInterface.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -24,9 +26,15 @@ Frame& FrameToLoadInto(Application& app)
 
 void AttachDataSet(Frame& frame, std::shared_ptr<DataSet> dataSet)
 {
+    const bool replacing = frame.dataSet != nullptr;
     frame.solutionTime = dataSet->earliestSolutionTime();
     FitView(frame.view, dataSet->bounds, frame.height > 0.0 ? frame.width / frame.height : 1.0);
     frame.dataSet = std::move(dataSet);
+    Application& app = Application::instance();
+    if (replacing)
+        RaiseStateChange(app, StateChange_DataSetReset);
+    RaiseStateChange(app, StateChange_ZonesAdded);
+    RaiseStateChange(app, StateChange_DataSetLoaded);
 }
 
 void FitView(View3D& view, const Bounds& bounds, double aspect)

@@ -1,5 +1,6 @@
 // The host's own API over data sets and the page.
 #include "core/Application.h"
+#include "gui/UserInterface.h"
 #include "scene/DataSetLoading.h"
 #include "scene/DemoDataSet.h"
 #include "scene/MeshFile.h"
@@ -151,7 +152,10 @@ void setZoneEnabled(int zone, bool enabled)
     detail::DataSet& dataSet = ActiveDataSet();
     if (!dataSet.isZone(zone))
         throw std::out_of_range("the data set has no zone " + std::to_string(zone));
+    if (dataSet.zone(zone).enabled == enabled)
+        return;
     dataSet.zone(zone).enabled = enabled;
+    detail::RaiseStateChange(App(), StateChange_ZoneActivation);
 }
 
 std::vector<int> shownZones()

@@ -1,5 +1,6 @@
 // The frames of the page and their 3D views.
 #include "core/Application.h"
+#include "gui/UserInterface.h"
 
 #include <cmath>
 
@@ -137,12 +138,15 @@ extern "C"
         {
         case RotateOriginLocation_DefinedOrigin:
             frame->view.rotate(viewAxis, angle, frame->view.rotationOrigin());
-            return TRUE;
+            break;
         case RotateOriginLocation_Viewer:
             frame->view.rotate(viewAxis, angle, frame->view.position());
-            return TRUE;
+            break;
+        default:
+            return FALSE;
         }
-        return FALSE;
+        vantix::host::detail::RaiseStateChange(app, StateChange_View3D);
+        return TRUE;
     }
 
     double VtxUtilSolutionTimeGetCurrent(void)

@@ -47,6 +47,9 @@ std::vector<UniqueID_t> frameStack();
 // The active frame's id; 0 when there is none.
 UniqueID_t activeFrame();
 bool activateFrame(UniqueID_t uniqueID);
+// Takes a frame off the page; when it was the active one, the top frame becomes active. Throws
+// std::invalid_argument for an unknown frame and std::logic_error during a lightweight frame walk.
+void deleteFrame(UniqueID_t uniqueID);
 
 // ---- The 3D view of the active frame -------------------------------------------------------------------
 // Angles in degrees, lengths in model units, as the host keeps them.
@@ -113,6 +116,22 @@ void setStatusObserver(std::function<void(const StatusEvent&)> observer);
 // ---- Macro recording -----------------------------------------------------------------------------------
 void setMacroRecording(bool on);
 std::vector<std::string> recordedMacroLines();
+
+// ---- The journal of the active frame's data set -------------------------------------------------------
+struct JournalCommand
+{
+    std::string addOnID;
+    std::string instructions;
+    std::optional<std::string> rawData; // none when the add-on passed null
+};
+// The commands kept in the journal (VtxUtilDataSetAddJournalCommand), oldest first; empty when the active
+// frame has no data set.
+std::vector<JournalCommand> journalCommands();
+// What VtxUtilDataSetJournalIsValid answers.
+bool journalIsValid();
+// Gives up on the journal (false), as the host would after a change to the data that the journal cannot
+// tell, or takes it up again (true). Throws std::logic_error when the active frame has no data set.
+void setJournalValid(bool valid);
 
 // ---- Host memory handed to add-ons ---------------------------------------------------------------------
 // Host strings (VtxUtilStringAlloc) not yet released.
