@@ -1,11 +1,15 @@
 #include "animation/AnimateRecording.h"
 
+#include "addon/MacroManager.h"
+#include "core/Enumerations.h"
+
 namespace vantix::vtxutiltools
 {
 
-void RecordAnimateCommand(Destination_e /*destination*/)
+void RecordAnimateCommand(Destination_e destination)
 {
-    // The add-on's macro recorder plugs in here.
+    MacroManager::instance().recordCommand(
+        Command_e::Animate, {{AnimationDestination, EnumMap<Destination_e>::toString(destination)}});
 }
 
 } // namespace vantix::vtxutiltools

@@ -5,15 +5,16 @@
 namespace vantix::vtxutiltools
 {
 
-// Where the frames of an animation go.
-enum Destination_e
+// Where the frames of an animation go. This enumeration and the next have a fixed underlying type, so that
+// every int cast to them is a well-defined value, which their text tables then refuse as out of range.
+enum Destination_e : int
 {
     OnScreen = 0,
     ToFile = 1
 };
 
 // How solution time runs during a concurrent time animation.
-enum TimeAnimationOperation_e
+enum TimeAnimationOperation_e : int
 {
     Forward = 0,
     Loop = 1,

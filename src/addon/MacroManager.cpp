@@ -1,0 +1,24 @@
+#include "addon/MacroManager.h"
+
+#include "core/HostLock.h"
+
+namespace vantix::vtxutiltools
+{
+
+MacroManager& MacroManager::instance()
+{
+    static MacroManager manager;
+    return manager;
+}
+
+MacroManager::MacroManager() : m_commandManager(std::make_unique<AddOnMacroCommandManager>(" ")) {}
+
+MacroManager::~MacroManager() = default;
+
+void MacroManager::recordCommand(Command_e command, const MacroParameterList& parameters)
+{
+    HostLock lock;
+    m_commandManager->recordMacroCommand(command, parameters, false);
+}
+
+} // namespace vantix::vtxutiltools

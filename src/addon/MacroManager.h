@@ -1,0 +1,41 @@
+// The one object through which the add-on records its macro commands.
+#pragma once
+
+#include "addon/MacroCommandManager.h"
+#include "core/Enumerations.h"
+#include "core/KeyFrameError.h"
+
+#include <memory>
+
+namespace vantix::vtxutiltools
+{
+
+// The add-on's own command texts, failing with the add-on's one error type.
+using AddOnMacroCommandManager = MacroCommandManager<Command_e, Parameter_e, KeyFrameError>;
+// A parsed or to-be-recorded command's parameters, in order, duplicates kept.
+using MacroParameterList = AddOnMacroCommandManager::ParameterList;
+
+class MacroManager
+{
+public:
+    // Built on first use and kept until the module is unloaded.
+    static MacroManager& instance();
+
+    ~MacroManager();
+
+    MacroManager(const MacroManager&) = delete;
+    MacroManager& operator=(const MacroManager&) = delete;
+
+    // Records the command into the macro the host is recording; nothing when it is not recording. Never
+    // into the data set journal, which tells how the data came about: the add-on's commands change views
+    // and files, not data. Holds the host lock throughout.
+    void recordCommand(Command_e command, const MacroParameterList& parameters);
+
+private:
+    MacroManager();
+
+    // Items of the add-on's command texts are separated by one blank.
+    std::unique_ptr<AddOnMacroCommandManager> m_commandManager;
+};
+
+} // namespace vantix::vtxutiltools
