@@ -1,9 +1,12 @@
 #include "animation/AnimatorAbstractFactory.h"
 
+#include "animation/AnimatorFade.h"
 #include "animation/AnimatorKeyFrame.h"
 #include "animation/AnimatorOnScreen.h"
+#include "animation/AnimatorStreams.h"
+#include "animation/AnimatorTime.h"
+#include "animation/AnimatorToFile.h"
 #include "core/KeyFrame.h"
-#include "core/KeyFrameError.h"
 #include "core/Settings.h"
 
 #include <utility>
@@ -19,11 +22,7 @@ std::unique_ptr<AnimatorAbstract> CreateOutputAnimator(const std::vector<KeyFram
                                                        Destination_e destination)
 {
     if (destination != OnScreen)
-    {
-        // The to-file animator goes here. Until it exists, an export must not quietly turn into an animation
-        // on screen.
-        throw KeyFrameError("Export of an animation to a file is not available yet.");
-    }
+        return std::make_unique<AnimatorToFile>(keyFrames);
     return std::make_unique<AnimatorOnScreen>(keyFrames);
 }
 
@@ -33,14 +32,19 @@ std::unique_ptr<AnimatorInterface>
 AnimatorAbstractFactory::createAnimator(const std::vector<KeyFrame_s>& keyFrames, const Settings_s& settings)
 {
     // Built from the inside out, each new animator taking the chain built so far as its inner animator: a
-    // frame then runs view, lights, streamtraces, solution time, and output last.
+    // frame then runs view, lights, streamtraces, solution time, and output last. An animator that cannot be
+    // built has already taken the chain over and deletes it; one whose memory cannot be had leaves it in
+    // chain, which deletes it. Either way what the chain changed in the host is put back.
     std::unique_ptr<AnimatorAbstract> chain = CreateOutputAnimator(keyFrames, settings.destination);
 
-    // The solution time animator goes here, when settings.timeOptions.animateTime asks for it.
+    if (settings.timeOptions.animateTime)
+        chain = std::make_unique<AnimatorTime>(keyFrames, settings.timeOptions, std::move(chain));
 
-    // The streamtrace animator goes here, when settings.animateStreamtraces asks for it.
+    if (settings.animateStreamtraces)
+        chain = std::make_unique<AnimatorStreams>(keyFrames, std::move(chain));
 
-    // The fade animator goes here, when settings.fadeIn or settings.fadeOut asks for it.
+    if (settings.fadeIn || settings.fadeOut)
+        chain = std::make_unique<AnimatorFade>(keyFrames, settings, std::move(chain));
 
     return std::make_unique<AnimatorKeyFrame>(keyFrames, std::move(chain));
 }

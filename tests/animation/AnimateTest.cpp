@@ -1,4 +1,5 @@
 #include "animation/Animate.h"
+#include "animation/ChainTestHelpers.h"
 #include "animation/KeyFrameTestHelpers.h"
 #include "core/KeyFrameError.h"
 #include "core/Settings.h"
@@ -172,7 +173,8 @@ TEST_F(AnimateTest, OnlyACompletedAnimationAskedToBeRecordedLooksAtTheRecording)
         bool recording;
         long asked;
     } cases[] = {
-        {RecordMacro, true, 1},
+        // While recording, the macro recorder that takes the command asks once more.
+        {RecordMacro, true, 2},
         {RecordMacro, false, 1},
         {DoNotRecordMacro, true, 0},
         {DoNotRecordMacro, false, 0},
@@ -273,5 +275,57 @@ TEST_F(AnimateTest, NothingIsStartedWithoutA3DFrameOrWithTooFewKeyFrames)
         for (const std::string& call : vantix::host::trace())
             EXPECT_EQ(std::string::npos, call.find("StyleValue.set")) << call;
         ExpectHostRestored(true);
+    }
+}
+
+TEST_F(AnimateTest, EverythingTheAnimatorsChangedIsPutBackWhateverWayTheAnimationEnds)
+{
+    // Frame counts 10, 5 and 3 (16 frames, faded over one), time steps 0 to 15 so that frame f shows time f.
+    Settings_s settings;
+    settings.timeOptions.animateTime = true;
+    settings.animateStreamtraces = true;
+    settings.fadeIn = true;
+    settings.fadeOut = true;
+    const struct
+    {
+        const char* what;
+        int cancelAtCheck; // 0: none
+        std::string message;
+        int lastFrameDrawn; // -1: none
+    } cases[] = {
+        {"completed", 0, "", 15},
+        {"canceled at the fourth frame", ChecksBeforeTheFirstFrame + 4, "Animation canceled.", 3},
+        {"canceled while the views are computed", 5, "Animation canceled.", -1},
+    };
+    for (const auto& c : cases)
+    {
+        vantix::host::reset();
+        vantix::host::addFrame();
+        testhelpers::LoadTimeSteps(0, 15);
+        vantix::host::setStyle(testhelpers::IntensityPath, 55.0);
+        vantix::host::setStyle(testhelpers::BackgroundLightPath, 35.0);
+        vantix::host::setStyle(testhelpers::FrameAxisShownPath, true);
+        vantix::host::setStyle(testhelpers::TimeAnchorPath, 4.0);
+        vantix::host::setStyle(UseDisplayLists, false);
+        if (c.cancelAtCheck > 0)
+            vantix::host::scriptCancelAtCheck(c.cancelAtCheck);
+        std::string message;
+        try
+        {
+            Animate(KeyFrames, 0, KeyFrames.size(), settings, RecordMacro);
+        }
+        catch (const KeyFrameError& error)
+        {
+            message = error.what();
+        }
+        EXPECT_EQ(c.message, message) << c.what;
+        EXPECT_EQ(55.0, testhelpers::StyleNumber(testhelpers::IntensityPath)) << c.what;
+        EXPECT_EQ(35.0, testhelpers::StyleNumber(testhelpers::BackgroundLightPath)) << c.what;
+        EXPECT_TRUE(testhelpers::StyleSwitch(testhelpers::FrameAxisShownPath)) << c.what;
+        EXPECT_EQ(4.0, testhelpers::StyleNumber(testhelpers::TimeAnchorPath)) << c.what;
+        ExpectHostRestored(false);
+        // The solution time is not put back: it stays at the last frame drawn.
+        EXPECT_EQ(c.lastFrameDrawn < 0 ? 0.0 : double(c.lastFrameDrawn), vantix::host::solutionTime())
+            << c.what;
     }
 }

@@ -2,21 +2,32 @@
 #include "animation/AnimatorAbstractFactory.h"
 #include "animation/AnimatorKeyFrame.h"
 #include "animation/AnimatorOnScreen.h"
+#include "animation/ChainTestHelpers.h"
 #include "animation/KeyFrameTestHelpers.h"
 #include "core/KeyFrameError.h"
 #include "core/Settings.h"
 
 #include <support/AddOnTest.h>
+#include <support/TempFolder.h>
+
+#include <VtxUtil.h>
+#include <vantix/host/Export.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <memory>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 using namespace vantix::vtxutiltools;
+using testhelpers::ChainSteps;
 using testhelpers::HostView;
+using testhelpers::KeyFramesOver;
 using testhelpers::MakeKeyFrames;
+using testhelpers::StyleNumber;
+using testhelpers::StyleSwitch;
+using testhelpers::TraceSince;
 using testhelpers::ViewAtX;
 
 namespace
@@ -63,6 +74,17 @@ const std::vector<KeyFrame_s> TwoKeyFrames = MakeKeyFrames({{ViewAtX(0), 3}, {Vi
 std::string TooFewKeyFramesMessage()
 {
     return "At least two keyFrame views must be established to perform an animation.";
+}
+
+// Every animator asked for, shown on screen.
+Settings_s Everything()
+{
+    Settings_s settings;
+    settings.timeOptions.animateTime = true;
+    settings.animateStreamtraces = true;
+    settings.fadeIn = true;
+    settings.fadeOut = true;
+    return settings;
 }
 
 } // namespace
@@ -174,8 +196,8 @@ TEST_F(AnimatorChainTest, TheDefaultChainSetsEachFramesViewAndThenRedraws)
 
 TEST_F(AnimatorChainTest, TheChainIsRefusedBeforeTheHostIsTouched)
 {
-    Settings_s toFile;
-    toFile.destination = ToFile;
+    Settings_s everything = Everything();
+    everything.destination = ToFile;
     const struct
     {
         std::vector<KeyFrame_s> keyFrames;
@@ -183,7 +205,8 @@ TEST_F(AnimatorChainTest, TheChainIsRefusedBeforeTheHostIsTouched)
         std::string message;
     } cases[] = {
         {MakeKeyFrames({{ViewAtX(0), 5}}), Settings_s(), TooFewKeyFramesMessage()},
-        {TwoKeyFrames, toFile, "Export of an animation to a file is not available yet."},
+        {MakeKeyFrames({{ViewAtX(0), 5}}), everything, TooFewKeyFramesMessage()},
+        {{}, Everything(), TooFewKeyFramesMessage()},
     };
     for (const auto& c : cases)
     {
@@ -200,4 +223,159 @@ TEST_F(AnimatorChainTest, TheChainIsRefusedBeforeTheHostIsTouched)
         EXPECT_TRUE(vantix::host::trace().empty()) << ::testing::PrintToString(vantix::host::trace());
         EXPECT_TRUE(vantix::host::statusEvents().empty());
     }
+}
+
+namespace
+{
+
+// Twenty frames fade over two; the time steps 0 to 19 give frame f the time f.
+class AnimatorChainOrderTest : public AnimatorChainTest
+{
+protected:
+    void SetUp() override
+    {
+        AnimatorChainTest::SetUp();
+        testhelpers::LoadTimeSteps(0, 19);
+        vantix::host::setStyle(testhelpers::TimeAnchorPath, 1.0);
+        vantix::host::setStyle(testhelpers::DeltaTimePath, 1.0);
+        vantix::host::setExportSetupFromText("ImageWidth", "64");
+        vantix::host::setExportSetupFromText("ExportFormat", "RASTERMETAFILE");
+        vantix::host::setExportSetupFromText("ExportFName", "\"" + m_file.string() + "\"");
+        vantix::host::setTracing(true);
+    }
+
+    void TearDown() override
+    {
+        if (VtxUtilExportIsRecording())
+            VtxUtilExportCancel();
+        AnimatorChainTest::TearDown();
+    }
+
+    // The host as it was before any chain was built.
+    static void ExpectHostPutBack(const std::string& what)
+    {
+        EXPECT_EQ(75.0, StyleNumber(testhelpers::IntensityPath)) << what;
+        EXPECT_EQ(25.0, StyleNumber(testhelpers::BackgroundLightPath)) << what;
+        EXPECT_TRUE(StyleSwitch(testhelpers::FrameAxisShownPath)) << what;
+        EXPECT_EQ(1.0, StyleNumber(testhelpers::TimeAnchorPath)) << what;
+        EXPECT_FALSE(VtxUtilExportIsRecording()) << what;
+    }
+
+    testsupport::TempFolder m_folder{"vantix-chain"};
+    const std::filesystem::path m_file = m_folder.path() / "movie.rm";
+};
+
+} // namespace
+
+TEST_F(AnimatorChainOrderTest,
+       EachFrameSetsViewLightsAnchorAndTimeBeforeTheOutputAndTheChainRestoresOutsideIn)
+{
+    const auto with = [](bool time, bool streams, bool fadeIn, bool fadeOut, Destination_e destination)
+    {
+        Settings_s settings;
+        settings.timeOptions.animateTime = time;
+        settings.animateStreamtraces = streams;
+        settings.fadeIn = fadeIn;
+        settings.fadeOut = fadeOut;
+        settings.destination = destination;
+        return settings;
+    };
+    using Steps = std::vector<std::string>;
+    const struct
+    {
+        const char* what;
+        Settings_s settings;
+        std::size_t frame;
+        Steps frameSteps;
+        Steps teardownSteps;
+    } cases[] = {
+        {"everything, on screen", with(true, true, true, true, OnScreen), 0,
+         Steps{"view", "lights", "anchor", "time", "redraw"}, Steps{"lights", "axis", "anchor"}},
+        {"everything, to file", with(true, true, true, true, ToFile), 1,
+         Steps{"view", "lights", "anchor", "time", "export"}, Steps{"lights", "axis", "anchor", "finish"}},
+        {"time and fade out, last frame", with(true, false, false, true, OnScreen), 19,
+         Steps{"view", "lights", "time", "redraw"}, Steps{"lights", "axis"}},
+        {"fade out, first frame", with(false, false, false, true, OnScreen), 0, Steps{"view", "redraw"},
+         Steps{"lights", "axis"}},
+        {"streamtraces", with(false, true, false, false, OnScreen), 7, Steps{"view", "anchor", "redraw"},
+         Steps{"anchor"}},
+        {"time", with(true, false, false, false, OnScreen), 7, Steps{"view", "time", "redraw"}, Steps{}},
+        {"time, to file", with(true, false, false, false, ToFile), 3, Steps{"view", "time", "export"},
+         Steps{"finish"}},
+        {"nothing but the view", with(false, false, false, false, OnScreen), 7, Steps{"view", "redraw"},
+         Steps{}},
+    };
+    for (const auto& c : cases)
+    {
+        std::unique_ptr<AnimatorInterface> chain =
+            AnimatorAbstractFactory::createAnimator(KeyFramesOver(20), c.settings);
+        // Building hides the frame axis when there is a fade, and changes nothing else the frames show.
+        const bool fades = c.settings.fadeIn || c.settings.fadeOut;
+        EXPECT_EQ(!fades, StyleSwitch(testhelpers::FrameAxisShownPath)) << c.what;
+
+        vantix::host::setSolutionTime(-5.0);
+        std::size_t start = vantix::host::trace().size();
+        chain->drawFrame(c.frame);
+        EXPECT_EQ(c.frameSteps, ChainSteps(TraceSince(start))) << c.what;
+        EXPECT_NEAR(10.0 * double(c.frame), HostView().x(), 1e-9) << c.what;
+        EXPECT_EQ(c.settings.timeOptions.animateTime ? double(c.frame) : -5.0, vantix::host::solutionTime())
+            << c.what;
+
+        start = vantix::host::trace().size();
+        chain.reset();
+        EXPECT_EQ(c.teardownSteps, ChainSteps(TraceSince(start))) << c.what;
+        ExpectHostPutBack(c.what);
+        if (c.settings.destination == ToFile)
+        {
+            EXPECT_EQ(1u, vantix::host::readRasterMetafile(m_file.string()).frames.size()) << c.what;
+            std::filesystem::remove(m_file);
+        }
+    }
+}
+
+TEST_F(AnimatorChainOrderTest, ACancelReachesOnlyTheExportAndTheChainStillRestoresEverything)
+{
+    for (const Destination_e destination : {OnScreen, ToFile})
+    {
+        Settings_s settings = Everything();
+        settings.destination = destination;
+        std::unique_ptr<AnimatorInterface> chain =
+            AnimatorAbstractFactory::createAnimator(KeyFramesOver(20), settings);
+        chain->drawFrame(0);
+        chain->drawFrame(1);
+
+        std::size_t start = vantix::host::trace().size();
+        chain->cancelAnimation();
+        const std::vector<std::string> canceled = TraceSince(start);
+        if (destination == OnScreen)
+            EXPECT_TRUE(canceled.empty()) << ::testing::PrintToString(canceled);
+        else
+            EXPECT_EQ(std::vector<std::string>{"cancel"}, ChainSteps(canceled));
+        EXPECT_EQ(37.5, StyleNumber(testhelpers::IntensityPath)) << "a cancel is no restore";
+
+        start = vantix::host::trace().size();
+        chain.reset();
+        EXPECT_EQ((std::vector<std::string>{"lights", "axis", "anchor"}), ChainSteps(TraceSince(start)));
+        ExpectHostPutBack(destination == OnScreen ? "on screen" : "to file");
+        EXPECT_FALSE(std::filesystem::exists(m_file));
+    }
+}
+
+TEST_F(AnimatorChainOrderTest, AChainThatCannotBeBuiltPutsBackWhatItsBuiltPartChanged)
+{
+    // The view animator, built last, is stopped while it computes the views: the fade had already hidden
+    // the frame axis.
+    vantix::host::scriptCancelAtCheck(3);
+    try
+    {
+        AnimatorAbstractFactory::createAnimator(KeyFramesOver(20), Everything());
+        ADD_FAILURE() << "the chain was built";
+    }
+    catch (const KeyFrameError& error)
+    {
+        EXPECT_STREQ("Animation canceled.", error.what());
+    }
+    EXPECT_EQ((std::vector<std::string>{"axis", "view", "lights", "axis", "anchor"}),
+              ChainSteps(vantix::host::trace()));
+    ExpectHostPutBack("canceled while built");
 }
