@@ -52,7 +52,8 @@ AnimatorToFile::~AnimatorToFile()
 
 void AnimatorToFile::cancelAnimation()
 {
-    if (ownsOpenExport())
+    // A cancel abandons whatever export is open: the user asked to stop making the movie.
+    if (VtxUtilExportIsRecording())
         VtxUtilExportCancel();
 }
 

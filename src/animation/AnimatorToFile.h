@@ -34,7 +34,8 @@ private:
     bool ownsOpenExport() const;
 
     // An export open in the host that this animator did not start (one the user left running, for example)
-    // is not this animation's to finish or abandon: only the export started here is finished or cancelled.
+    // is not this animation's to finish: only the export started here is finished at the end. A cancel,
+    // though, abandons whatever export is open.
     bool m_exportNotStarted = true;
 };
 

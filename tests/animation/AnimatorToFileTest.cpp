@@ -126,7 +126,6 @@ TEST_F(AnimatorToFileTest, AnExportAlreadyOpenIsRefusedAndLeftToWhoeverStartedIt
     {
         AnimatorToFile animator(KeyFramesOver(3));
         EXPECT_EQ(AnotherExportMessage, DrawFailure(animator, 0));
-        animator.cancelAnimation();
     }
     EXPECT_EQ(1, Calls("VtxUtilExportStart"));
     EXPECT_EQ(0, Calls("VtxUtilExportCancel"));
@@ -135,6 +134,17 @@ TEST_F(AnimatorToFileTest, AnExportAlreadyOpenIsRefusedAndLeftToWhoeverStartedIt
 
     ASSERT_TRUE(VtxUtilExportFinish());
     EXPECT_EQ(1u, vantix::host::readRasterMetafile(othersFile.string()).frames.size());
+
+    // The user's cancel, though, abandons whatever export is open.
+    const fs::path cancelledFile = ExportTo("cancelled.rm");
+    ASSERT_TRUE(VtxUtilExportStart());
+    {
+        AnimatorToFile animator(KeyFramesOver(3));
+        animator.cancelAnimation();
+    }
+    EXPECT_EQ(1, Calls("VtxUtilExportCancel"));
+    EXPECT_FALSE(VtxUtilExportIsRecording());
+    EXPECT_FALSE(fs::exists(cancelledFile));
 }
 
 TEST_F(AnimatorToFileTest, AnExportTheHostCannotStartIsReported)
