@@ -22,6 +22,17 @@ KeyFrame_s& KeyFrame_s::operator=(const KeyFrame_s& other)
     return *this;
 }
 
+bool operator==(const KeyFrame_s& a, const KeyFrame_s& b)
+{
+    return a.view == b.view && a.name == b.name && a.frameCount == b.frameCount &&
+           a.solutionTime == b.solutionTime;
+}
+
+bool operator!=(const KeyFrame_s& a, const KeyFrame_s& b)
+{
+    return !(a == b);
+}
+
 std::size_t GetTotalFrameCount(const std::vector<KeyFrame_s>& keyFrames)
 {
     const std::size_t largest = std::numeric_limits<std::size_t>::max();

@@ -32,6 +32,11 @@ struct KeyFrame_s
     double solutionTime = 0.0;
 };
 
+// Field by field, exactly: the view (as views compare), the name (case counts), the frame count and the
+// solution time. Finding a key frame in the list by value relies on it.
+bool operator==(const KeyFrame_s& a, const KeyFrame_s& b);
+bool operator!=(const KeyFrame_s& a, const KeyFrame_s& b);
+
 // The number of frames of an animation through the whole list: 1 (the last key frame's own frame) plus the
 // frame counts of every key frame but the last. An empty list gives 1. A sum beyond the largest size stays
 // at the largest size instead of wrapping round, so that it is refused as too large rather than taken as
