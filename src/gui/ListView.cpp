@@ -31,7 +31,8 @@ ListView::ListView(SelectionModel_e kind) : ListView(GuiId_None, kind) {}
 
 ListView::~ListView()
 {
-    suspendUpdates();
+    // This class's own: a derived view is gone by now.
+    ListView::suspendUpdates();
     if (m_model != nullptr)
         m_model->removeObserver(*this);
     m_selectionModel.reset();
