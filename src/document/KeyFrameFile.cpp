@@ -256,24 +256,33 @@ void KeyFrameFile::readSettings(std::istream& in, Settings_s& settings)
     std::string line;
     std::istringstream entry;
     UseFileLocale(entry);
-    while (in.good())
-    {
-        readLine(in, line, true);
-        StartEntry(entry, line);
-        const std::string keyword = NextWord(entry);
-
-        Section_e section = Settings;
-        if (LookUp(keyword, section))
-        {
-            if (section == Settings)
-                return;
-            throwError("Missing end marker for Settings section.", true);
-        }
-        Setting_e setting = AnimateTime;
-        if (!LookUp(keyword, setting))
-            throwError("Unrecognized setting entry.", true);
+    Setting_e setting = AnimateTime;
+    while (in.good() && readEntryKey(in, Settings, line, entry, setting))
         readSettingValue(entry, setting, settings);
+}
+
+template <typename Key>
+bool KeyFrameFile::readEntryKey(std::istream& in, Section_e ownSection, std::string& line,
+                                std::istringstream& entry, Key& key)
+{
+    readLine(in, line, true);
+    StartEntry(entry, line);
+    const std::string keyword = NextWord(entry);
+
+    Section_e section = ownSection;
+    if (LookUp(keyword, section))
+    {
+        if (section == ownSection)
+            return false;
+        throwError(ownSection == Settings ? "Missing end marker for Settings section."
+                                          : "Missing end marker for KeyFrameView section.",
+                   true);
     }
+    if (!LookUp(keyword, key))
+        throwError(ownSection == Settings ? "Unrecognized setting entry."
+                                          : "Unrecognized KeyFrameItem entry.",
+                   true);
+    return true;
 }
 
 void KeyFrameFile::readSettingValue(std::istringstream& entry, Setting_e setting, Settings_s& settings) const
@@ -332,22 +341,9 @@ void KeyFrameFile::readKeyFrameView(std::istream& in, View& view, std::uint64_t&
     std::string line;
     std::istringstream entry;
     UseFileLocale(entry);
-    while (in.good())
+    KeyFrameItem_e item = Name;
+    while (in.good() && readEntryKey(in, KeyFrameView, line, entry, item))
     {
-        readLine(in, line, true);
-        StartEntry(entry, line);
-        const std::string keyword = NextWord(entry);
-
-        Section_e section = Settings;
-        if (LookUp(keyword, section))
-        {
-            if (section == KeyFrameView)
-                break;
-            throwError("Missing end marker for KeyFrameView section.", true);
-        }
-        KeyFrameItem_e item = Name;
-        if (!LookUp(keyword, item))
-            throwError("Unrecognized KeyFrameItem entry.", true);
         switch (item)
         {
         case Name:

@@ -98,6 +98,11 @@ public:
     [[noreturn]] void throwError(const std::string& message, bool withLineNumber) const;
 
 private:
+    // Reads the next line of a section into line and entry and takes its first word as key; false when the
+    // line is ownSection's end marker. The other section's word or an unknown key is a reading error.
+    template <typename Key>
+    bool readEntryKey(std::istream& in, Section_e ownSection, std::string& line, std::istringstream& entry,
+                      Key& key);
     void readSection(std::istream& in, const std::string& line, Settings_s& settings,
                      std::vector<KeyFrame_s>& keyFrames);
     void readSettingValue(std::istringstream& entry, Setting_e setting, Settings_s& settings) const;
