@@ -207,18 +207,9 @@ void KeyFrameFile::readFile(const std::string& fileName, Settings_s& settings, L
         throwError("Error during file read.", true);
 
     // Copying the list is the one step of the commit that can fail, and it fails before the model changes;
-    // the settings then go back, so that a failed read changes nothing.
-    const Settings_s previousSettings = settings;
+    // assigning the settings cannot fail, so it comes last and a failed read changes nothing.
+    model.setDataList(workingKeyFrames);
     settings = workingSettings;
-    try
-    {
-        model.setDataList(workingKeyFrames);
-    }
-    catch (...)
-    {
-        settings = previousSettings;
-        throw;
-    }
 }
 
 void KeyFrameFile::readSection(std::istream& in, const std::string& line, Settings_s& settings,

@@ -126,9 +126,7 @@ void ListModelKeyFrame::rebuildModel() {}
 
 KeyFrame_s& ListModelKeyFrame::row(unsigned long index)
 {
-    if (index >= m_keyFrames.size())
-        throw std::out_of_range("No key frame at that index.");
-    return m_keyFrames[index];
+    return const_cast<KeyFrame_s&>(static_cast<const ListModelKeyFrame&>(*this).row(index));
 }
 
 const KeyFrame_s& ListModelKeyFrame::row(unsigned long index) const
