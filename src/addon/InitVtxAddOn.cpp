@@ -1,5 +1,5 @@
 // The module's entry point. The host calls it once, right after loading the module.
-#include "addon/AddOnID.h"
+#include "platform/AddOnID.h"
 
 #include <VtxUtil.h>
 

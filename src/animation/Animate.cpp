@@ -3,10 +3,10 @@
 #include "animation/AnimateRecording.h"
 #include "animation/AnimationManager.h"
 #include "animation/Status.h"
-#include "core/HostLock.h"
 #include "core/KeyFrame.h"
 #include "core/KeyFrameError.h"
 #include "core/Settings.h"
+#include "platform/HostLock.h"
 
 #include <VtxUtil.h>
 #include <vantix/toolbox/StyleValue.h>

@@ -1,7 +1,7 @@
 #include "animation/AnimateRecording.h"
 
-#include "addon/MacroManager.h"
 #include "core/Enumerations.h"
+#include "macro/MacroManager.h"
 
 namespace vantix::vtxutiltools
 {

@@ -1,11 +1,11 @@
 #include "animation/AnimatorKeyFrame.h"
 
 #include "animation/Status.h"
-#include "core/DrawingSuspension.h"
-#include "core/HostLock.h"
 #include "core/KeyFrame.h"
 #include "core/KeyFrameError.h"
 #include "core/ThreeDViewStyle.h"
+#include "platform/DrawingSuspension.h"
+#include "platform/HostLock.h"
 
 #include <VtxUtil.h>
 

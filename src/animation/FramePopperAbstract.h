@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/HostLock.h"
+
 #include <cstdint>
 
 namespace vantix::vtxutiltools
@@ -32,6 +34,9 @@ public:
     static std::int64_t numActivePoppers() { return m_numActivePoppers; }
 
 private:
+    // Taken before the popper counts itself and released after it has stopped counting.
+    HostLock m_lock;
+
     static std::int64_t m_numActivePoppers;
 };
 

@@ -1,9 +1,9 @@
 #include "core/View.h"
 
-#include "core/DrawingSuspension.h"
-#include "core/HostLock.h"
 #include "core/KeyFrameError.h"
 #include "core/ThreeDViewStyle.h"
+#include "platform/DrawingSuspension.h"
+#include "platform/HostLock.h"
 
 #include <VtxUtil.h>
 

@@ -1,6 +1,6 @@
 #include "document/CurrentFileManager.h"
 
-#include "core/HostLock.h"
+#include "platform/HostLock.h"
 
 #include <VtxUtil.h>
 

@@ -6,7 +6,7 @@
 
 #include "core/KeyFrame.h"
 #include "core/View.h"
-#include "gui/ListModelAbstract.h"
+#include "model/ListModelAbstract.h"
 
 #include <string>
 #include <vector>

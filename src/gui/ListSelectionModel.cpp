@@ -1,7 +1,7 @@
 #include "gui/ListSelectionModel.h"
 
-#include "core/HostLock.h"
 #include "gui/ListViewInterface.h"
+#include "platform/HostLock.h"
 
 #include <VtxGUI.h>
 #include <VtxUtil.h>

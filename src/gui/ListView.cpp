@@ -1,7 +1,7 @@
 #include "gui/ListView.h"
 
-#include "core/HostLock.h"
 #include "gui/ListSelectionModel.h"
+#include "platform/HostLock.h"
 
 #include <VtxGUI.h>
 

@@ -7,8 +7,8 @@
 // no control (-2), no model or updates suspended, it leaves the control alone.
 #pragma once
 
-#include "gui/ListModelGenericInterface.h"
 #include "gui/ListViewInterface.h"
+#include "model/ListModelGenericInterface.h"
 
 #include <memory>
 #include <vector>

@@ -2,7 +2,7 @@
 // the menu's positions, which the host counts from 1.
 #pragma once
 
-#include "gui/ListModelPreMapped.h"
+#include "model/ListModelPreMapped.h"
 
 #include <VtxGUI.h>
 

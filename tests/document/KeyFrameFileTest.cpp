@@ -8,7 +8,7 @@
 #include "core/Settings.h"
 #include "core/View.h"
 #include "document/ListModelKeyFrame.h"
-#include "gui/ListModelGenericInterface.h"
+#include "model/ListModelGenericInterface.h"
 
 #include <support/AddOnTest.h>
 #include <support/TempFolder.h>

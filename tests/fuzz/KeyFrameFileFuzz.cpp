@@ -22,7 +22,7 @@
 #include "core/View.h"
 #include "document/KeyFrameFile.h"
 #include "document/ListModelKeyFrame.h"
-#include "gui/ListModelGenericInterface.h"
+#include "model/ListModelGenericInterface.h"
 
 #include <algorithm>
 #include <cctype>

@@ -3,9 +3,9 @@
 // they fill.
 #include "core/Enumerations.h"
 #include "core/Settings.h"
-#include "gui/ListModelAbstract.h"
-#include "gui/ListModelPreMapped.h"
 #include "gui/OptionMenuStaticManager.h"
+#include "model/ListModelAbstract.h"
+#include "model/ListModelPreMapped.h"
 
 #include <support/AddOnTest.h>
 

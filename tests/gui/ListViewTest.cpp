@@ -3,8 +3,8 @@
 // identifier, model ownership, suspended updates, the host lock, and a view without a control.
 #include "gui/ListView.h"
 #include "document/ListModelKeyFrame.h"
-#include "gui/ListModelAbstract.h"
-#include "gui/ListModelPreMapped.h"
+#include "model/ListModelAbstract.h"
+#include "model/ListModelPreMapped.h"
 
 #include <support/AddOnTest.h>
 

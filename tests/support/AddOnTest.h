@@ -4,7 +4,7 @@
 
 #include "HostTest.h"
 
-#include "addon/AddOnID.h"
+#include "platform/AddOnID.h"
 
 extern "C" void InitVtxAddOn113();
 

@@ -1,4 +1,4 @@
-#include "addon/AddOnID.h"
+#include "platform/AddOnID.h"
 
 namespace vantix::vtxutiltools
 {

@@ -1,9 +1,9 @@
 // The one object through which the add-on records its macro commands.
 #pragma once
 
-#include "addon/MacroCommandManager.h"
 #include "core/Enumerations.h"
 #include "core/KeyFrameError.h"
+#include "macro/MacroCommandManager.h"
 
 #include <memory>
 

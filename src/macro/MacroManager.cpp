@@ -1,6 +1,6 @@
-#include "addon/MacroManager.h"
+#include "macro/MacroManager.h"
 
-#include "core/HostLock.h"
+#include "platform/HostLock.h"
 
 namespace vantix::vtxutiltools
 {

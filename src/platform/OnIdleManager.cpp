@@ -1,4 +1,4 @@
-#include "addon/OnIdleManager.h"
+#include "platform/OnIdleManager.h"
 
 #include <unordered_map>
 

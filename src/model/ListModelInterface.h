@@ -1,7 +1,7 @@
 // A list model over items of type T: the typed half that the model's owner edits through.
 #pragma once
 
-#include "gui/ListModelGenericInterface.h"
+#include "model/ListModelGenericInterface.h"
 
 #include <vector>
 

@@ -1,6 +1,6 @@
-#include "core/HostLock.h"
+#include "platform/HostLock.h"
 
-#include "addon/AddOnID.h"
+#include "platform/AddOnID.h"
 
 #include <VtxUtil.h>
 

@@ -1,7 +1,7 @@
 // The text form of the add-on's macro commands: splitting, parsing with its exact failures, building, and
 // building then parsing over many generated values.
-#include "addon/MacroManager.h"
 #include "core/KeyFrameError.h"
+#include "macro/MacroManager.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

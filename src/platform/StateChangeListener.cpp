@@ -1,6 +1,6 @@
-#include "addon/StateChangeListener.h"
+#include "platform/StateChangeListener.h"
 
-#include "core/HostLock.h"
+#include "platform/HostLock.h"
 
 #include <vantix/toolbox/StateChangeEventInterface.h>
 

@@ -2,7 +2,7 @@
 // menu. Complete from construction and never changed.
 #pragma once
 
-#include "gui/ListModelAbstract.h"
+#include "model/ListModelAbstract.h"
 
 #include <stdexcept>
 #include <string>

@@ -7,7 +7,7 @@
 // ModelReset record.
 #pragma once
 
-#include "gui/ListModelInterface.h"
+#include "model/ListModelInterface.h"
 
 #include <set>
 #include <string>

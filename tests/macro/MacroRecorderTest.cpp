@@ -1,10 +1,10 @@
 // Recording the add-on's macro commands into the host: into the macro being recorded and into the data
 // set journal, only where the host takes them, with the text built only when it goes somewhere; and the
 // Animate command that a completed animation records.
-#include "addon/MacroManager.h"
 #include "animation/Animate.h"
 #include "animation/KeyFrameTestHelpers.h"
 #include "core/Settings.h"
+#include "macro/MacroManager.h"
 
 #include <support/AddOnTest.h>
 #include <support/TempFolder.h>

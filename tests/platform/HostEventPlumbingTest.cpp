@@ -1,8 +1,8 @@
 // Deferred calls through the host's on-idle queue, state changes through the toolbox's notifier, and a
 // dialog closed once the host's state no longer lets it work.
-#include "addon/DialogDropper.h"
-#include "addon/OnIdleManager.h"
-#include "addon/StateChangeListener.h"
+#include "platform/DialogDropper.h"
+#include "platform/OnIdleManager.h"
+#include "platform/StateChangeListener.h"
 
 #include <support/AddOnTest.h>
 

@@ -1,4 +1,4 @@
-#include "core/DrawingSuspension.h"
+#include "platform/DrawingSuspension.h"
 
 #include <VtxUtil.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "addon/OnIdleManager.h"
-#include "addon/StateChangeListener.h"
+#include "platform/OnIdleManager.h"
+#include "platform/StateChangeListener.h"
 
 #include <boost/bind/bind.hpp>
 

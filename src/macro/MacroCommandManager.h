@@ -9,9 +9,9 @@
 // quotation mark come back unchanged.
 #pragma once
 
-#include "addon/AddOnID.h"
 #include "core/EnumMap.h"
-#include "core/HostLock.h"
+#include "platform/AddOnID.h"
+#include "platform/HostLock.h"
 
 #include <VtxUtil.h>
 #include <boost/algorithm/string/classification.hpp>
