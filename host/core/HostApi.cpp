@@ -1,8 +1,8 @@
 // The host's own API over the one Application.
 #include "core/Application.h"
-#include "gui/UserInterface.h"
-#include "scene/DataSet.h"
+#include "events/StateChanges.h"
 
+#include <vantix/host/Events.h>
 #include <vantix/host/Host.h>
 
 #include <stdexcept>
@@ -20,7 +20,7 @@ detail::Application& App()
 
 const detail::StyleSetting& SettingAt(const std::vector<std::string>& path)
 {
-    const detail::StyleNode* node = App().m_style.find(path);
+    const detail::StyleNode* node = App().style().find(path);
     if (!node || !node->isSetting())
     {
         std::string joined;
@@ -56,75 +56,62 @@ void reset()
     App().reset();
 }
 
-std::vector<std::string> hostErrors()
-{
-    return App().m_errors;
-}
-void clearHostErrors()
-{
-    App().m_errors.clear();
-}
-
 std::vector<AddOnInfo> registeredAddOns()
 {
     std::vector<AddOnInfo> result;
-    for (const auto& addOn : App().m_addOns)
+    for (const auto& addOn : App().addOns().all())
         result.push_back({addOn.get(), addOn->sdkVersion, addOn->name, addOn->version, addOn->author});
     return result;
 }
 
 int lockDepth(AddOn_pa addOn)
 {
-    return App().isRegistered(addOn) ? addOn->lockDepth : 0;
+    return App().addOns().lockDepth(addOn);
 }
 int globalLockDepth()
 {
-    return App().m_globalLockDepth;
+    return App().addOns().globalLockDepth();
 }
 
 UniqueID_t addFrame(PlotType_e plotType)
 {
-    return App().addFrame(plotType).id;
+    return App().page().addFrame(plotType).id;
 }
 void setPlotType(PlotType_e plotType)
 {
-    detail::Frame& frame = App().requireActiveFrame();
-    if (frame.plotType == plotType)
-        return;
-    frame.plotType = plotType;
-    detail::RaiseStateChange(App(), StateChange_PlotTypeChanged);
+    App().page().setPlotType(plotType);
 }
 
 void deleteFrame(UniqueID_t uniqueID)
 {
-    if (App().m_lightweightPop >= 0)
+    if (App().page().walking())
         throw std::logic_error("a frame cannot be deleted during a lightweight frame walk");
-    if (!App().deleteFrame(uniqueID))
+    if (!App().page().deleteFrame(uniqueID))
         throw std::invalid_argument("the page has no frame " + std::to_string(uniqueID));
 }
 
 std::vector<UniqueID_t> frameStack()
 {
     std::vector<UniqueID_t> ids;
-    for (const auto& frame : App().m_frames)
+    for (const auto& frame : App().page().frames())
         ids.push_back(frame->id);
     return ids;
 }
 
 UniqueID_t activeFrame()
 {
-    const detail::Frame* frame = App().activeFrame();
+    const detail::Frame* frame = App().page().activeFrame();
     return frame ? frame->id : 0;
 }
 
 bool activateFrame(UniqueID_t uniqueID)
 {
-    return App().activate(uniqueID);
+    return App().page().activate(uniqueID);
 }
 
 ViewState view()
 {
-    const detail::View3D& v = App().requireActiveFrame().view;
+    const detail::View3D& v = App().page().requireActiveFrame().view;
     ViewState state;
     state.x = v.position()[0];
     state.y = v.position()[1];
@@ -143,7 +130,7 @@ ViewState view()
 
 void setView(const ViewState& state)
 {
-    detail::View3D& v = App().requireActiveFrame().view;
+    detail::View3D& v = App().page().requireActiveFrame().view;
     if (!v.setFieldOfView(state.fieldOfView))
         throw std::invalid_argument("the field of view must lie between 0 and 180 degrees");
     v.setPerspective(false); // no dolly: the width is taken as given
@@ -154,12 +141,12 @@ void setView(const ViewState& state)
     v.setAngle(detail::View3D::Axis::Theta, state.theta);
     v.setAngle(detail::View3D::Axis::Alpha, state.alpha);
     v.setRotationOrigin({state.originX, state.originY, state.originZ});
-    detail::RaiseStateChange(App(), StateChange_View3D);
+    detail::RaiseStateChange(StateChange_View3D);
 }
 
 std::vector<double> viewMatrix()
 {
-    const detail::Matrix3 m = App().requireActiveFrame().view.matrix();
+    const detail::Matrix3 m = App().page().requireActiveFrame().view.matrix();
     return std::vector<double>(m.begin(), m.end());
 }
 
@@ -183,110 +170,95 @@ StyleData style(const std::vector<std::string>& path)
 
 int redrawCount()
 {
-    return App().m_redraws;
+    return App().drawing().redraws();
 }
 int skippedRedrawCount()
 {
-    return App().m_skippedRedraws;
+    return App().drawing().skippedRedraws();
 }
 int drawSuspensionDepth()
 {
-    return App().m_drawSuspension;
+    return App().drawing().suspensionDepth();
 }
 
 double solutionTime()
 {
-    return App().requireActiveFrame().solutionTime;
+    return App().page().requireActiveFrame().solutionTime;
 }
 void setSolutionTime(double solutionTime)
 {
-    App().requireActiveFrame().solutionTime = solutionTime;
+    App().page().requireActiveFrame().solutionTime = solutionTime;
 }
 
 std::vector<StatusEvent> statusEvents()
 {
-    return App().m_status.events;
+    return App().status().events();
 }
 bool statusIsShown()
 {
-    return App().m_status.shown;
+    return App().status().isShown();
 }
 std::string statusText()
 {
-    return App().m_status.text;
+    return App().status().text();
 }
 
 void scriptCancelAtCheck(int n)
 {
     if (n < 1)
         throw std::invalid_argument("a scripted cancel counts checks from 1");
-    App().m_status.checksUntilCancel = n;
+    App().status().scriptCancelAtCheck(n);
 }
 
 void requestCancel()
 {
-    App().m_status.cancelRequested = true;
+    App().status().requestCancel();
 }
 
 void requestCancelFromSignal()
 {
-    App().m_cancelSignal.store(true);
+    App().requestCancelFromSignal();
 }
 
 void setStatusObserver(std::function<void(const StatusEvent&)> observer)
 {
-    App().m_statusObserver = std::move(observer);
-}
-
-std::vector<JournalCommand> journalCommands()
-{
-    const detail::Frame* frame = App().activeFrame();
-    return frame && frame->dataSet ? frame->dataSet->journal : std::vector<JournalCommand>{};
-}
-
-bool journalIsValid()
-{
-    const detail::Frame* frame = App().activeFrame();
-    return frame && frame->dataSet && frame->dataSet->journalValid;
-}
-
-void setJournalValid(bool valid)
-{
-    detail::Frame& frame = App().requireActiveFrame();
-    if (!frame.dataSet)
-        throw std::logic_error("the active frame has no data set");
-    frame.dataSet->journalValid = valid;
+    App().setStatusObserver(std::move(observer));
 }
 
 long outstandingHostStrings()
 {
-    return App().m_stringsOutstanding;
+    return App().strings().outstanding();
 }
 
 void setMacroRecording(bool on)
 {
-    App().m_macroRecording = on;
+    App().setMacroRecording(on);
 }
 std::vector<std::string> recordedMacroLines()
 {
-    return App().m_macroLines;
+    return App().recordedMacroLines();
 }
 
 void setTracing(bool on)
 {
-    App().m_tracing = on;
+    App().calls().setTracing(on);
 }
 std::vector<std::string> trace()
 {
-    return App().m_trace;
+    return App().calls().trace();
 }
 
 long callCount(const std::string& functionName)
 {
-    for (std::size_t i = 0; i < static_cast<std::size_t>(detail::Call::Count); ++i)
+    for (std::size_t i = 0; i < detail::CallCount; ++i)
         if (functionName == detail::CallName(static_cast<detail::Call>(i)))
-            return App().m_callCounts[i];
+            return App().calls().count(static_cast<detail::Call>(i));
     throw std::invalid_argument("not an SDK function the host counts: " + functionName);
+}
+
+long outstandingArgLists()
+{
+    return App().argLists().outstanding();
 }
 
 } // namespace vantix::host

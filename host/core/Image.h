@@ -1,17 +1,11 @@
-// An RGB image with 8 bits a channel, rows from the top down, no padding between rows.
+// The host's pictures are those of its own API: an RGB image with 8 bits a channel, rows from the top down.
 #pragma once
 
-#include <cstdint>
-#include <vector>
+#include <vantix/host/Image.h>
 
 namespace vantix::host::detail
 {
 
-struct Image
-{
-    int width = 0;
-    int height = 0;
-    std::vector<std::uint8_t> rgb; // width * height * 3 bytes
-};
+using vantix::host::Image;
 
 } // namespace vantix::host::detail

@@ -1,11 +1,16 @@
 // The host's own API for export.
-#include "core/Application.h"
 #include "export/ExportSession.h"
 #include "export/ExportSetup.h"
+#include "export/Exporter.h"
 #include "export/RasterMetafile.h"
+#include "export/StillImage.h"
 
 #include <vantix/host/Export.h>
 
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+#include <iterator>
 #include <stdexcept>
 
 namespace vantix::host
@@ -28,13 +33,14 @@ void exportStillImage()
         throw std::runtime_error("no export file name is set");
     int width = 0, height = 0;
     detail::ExportImageSize(settings, width, height);
-    detail::WriteStillImage(settings.format, detail::RenderExportImage(settings, width, height),
-                            settings.fileName);
+    detail::WriteWholeFile(
+        settings.fileName,
+        detail::EncodeStillImage(settings.format, detail::RenderExportImage(settings, width, height)));
 }
 
 std::string lastExportError()
 {
-    return detail::Application::instance().m_exportError;
+    return detail::LastExportError();
 }
 
 RasterMetafileContents readRasterMetafile(const std::string& path)
@@ -48,6 +54,34 @@ RasterMetafileContents readRasterMetafile(const std::string& path)
     for (detail::Image& frame : file.frames)
         contents.frames.push_back(std::move(frame.rgb));
     return contents;
+}
+
+void writePng(const Image& image, const std::string& path)
+{
+    try
+    {
+        detail::WriteWholeFile(path, detail::EncodeStillImage(ExportFormat_PNG, image));
+    }
+    catch (const detail::ExportError& error)
+    {
+        throw std::runtime_error("cannot write PNG file '" + path + "': " + error.what());
+    }
+}
+
+Image readPng(const std::string& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    if (!file)
+        throw std::runtime_error("cannot read PNG file '" + path + "': " + std::strerror(errno));
+    std::vector<std::uint8_t> bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+    try
+    {
+        return detail::DecodePng(std::move(bytes));
+    }
+    catch (const detail::ExportError& error)
+    {
+        throw std::runtime_error("cannot read PNG file '" + path + "': " + error.what());
+    }
 }
 
 } // namespace vantix::host

@@ -21,7 +21,7 @@ int RoundToEven(double value)
 
 void ExportImageSize(const ExportSettings& settings, int& width, int& height)
 {
-    if (!Application::instance().activeFrame())
+    if (!Application::instance().page().activeFrame())
         throw ExportError("the page has no frame to export");
     double regionWidth = 0.0, regionHeight = 0.0;
     RegionPixelSize(settings.region, regionWidth, regionHeight);

@@ -21,39 +21,31 @@ struct Keyword
 {
     const char* text;
     int value;
+    bool animation = false; // of an export format: whether it holds more than one frame
 };
 
-const std::vector<Keyword> FormatKeywords = {
-    {"RASTERMETAFILE", ExportFormat_RasterMetafile},
-    {"TIFF", ExportFormat_TIFF},
-    {"BMP", ExportFormat_BMP},
-    {"PNG", ExportFormat_PNG},
-    {"AVI", ExportFormat_AVI},
-    {"JPEG", ExportFormat_JPEG},
-    {"FLASH", ExportFormat_Flash},
-    {"FLV", ExportFormat_FLV},
-    {"MPEG4", ExportFormat_MPEG4},
-    {"WMV", ExportFormat_WMV},
-};
-const std::vector<Keyword> RegionKeywords = {
-    {"CURRENTFRAME", ExportRegion_CurrentFrame},
-    {"ALLFRAMES", ExportRegion_AllFrames},
-    {"WORKAREA", ExportRegion_WorkArea},
-};
+const std::vector<Keyword> FormatKeywords = {{"RASTERMETAFILE", ExportFormat_RasterMetafile, true},
+                                             {"TIFF", ExportFormat_TIFF},
+                                             {"BMP", ExportFormat_BMP},
+                                             {"PNG", ExportFormat_PNG},
+                                             {"AVI", ExportFormat_AVI, true},
+                                             {"JPEG", ExportFormat_JPEG},
+                                             {"FLASH", ExportFormat_Flash, true},
+                                             {"FLV", ExportFormat_FLV, true},
+                                             {"MPEG4", ExportFormat_MPEG4, true},
+                                             {"WMV", ExportFormat_WMV, true}};
+const std::vector<Keyword> RegionKeywords = {{"CURRENTFRAME", ExportRegion_CurrentFrame},
+                                             {"ALLFRAMES", ExportRegion_AllFrames},
+                                             {"WORKAREA", ExportRegion_WorkArea}};
 const std::vector<Keyword> AVICompressionKeywords = {
     {"COLORPRESERVING", AVICompression_ColorPreserving},
     {"LINEPRESERVING", AVICompression_LinePreserving},
-    {"LOSSLESSUNCOMPRESSED", AVICompression_LosslessUncompressed},
-};
-const std::vector<Keyword> FlashImageTypeKeywords = {
-    {"LOSSLESS", FlashImageType_Lossless},
-    {"JPEG", FlashImageType_JPEG},
-    {"256COLOR", FlashImageType_Color256},
-};
-const std::vector<Keyword> FlashCompressionKeywords = {
-    {"BESTSPEED", FlashCompressionType_BestSpeed},
-    {"SMALLESTSIZE", FlashCompressionType_SmallestSize},
-};
+    {"LOSSLESSUNCOMPRESSED", AVICompression_LosslessUncompressed}};
+const std::vector<Keyword> FlashImageTypeKeywords = {{"LOSSLESS", FlashImageType_Lossless},
+                                                     {"JPEG", FlashImageType_JPEG},
+                                                     {"256COLOR", FlashImageType_Color256}};
+const std::vector<Keyword> FlashCompressionKeywords = {{"BESTSPEED", FlashCompressionType_BestSpeed},
+                                                       {"SMALLESTSIZE", FlashCompressionType_SmallestSize}};
 
 enum class ValueKind
 {
@@ -100,7 +92,7 @@ const SettingInfo* FindSetting(const std::string& name)
 
 StyleSetting& SettingNamed(const char* name)
 {
-    const StyleNode* node = Application::instance().m_style.find({"ExportSetup", name});
+    const StyleNode* node = Application::instance().style().find({"ExportSetup", name});
     return const_cast<StyleNode*>(node)->setting();
 }
 
@@ -170,7 +162,7 @@ std::string Refusal(const SettingInfo& info, const StyleData& value)
 
 SetValueReturnCode_e Write(const SettingInfo& info, const StyleData& value, std::string& why)
 {
-    Application::instance().noteStyleWrite(std::string("ExportSetup/") + info.name);
+    Application::instance().calls().noteStyleWrite(std::string("ExportSetup/") + info.name);
     const SetValueReturnCode_e result =
         WriteSetting(SettingNamed(info.name), StyleKindOf(info.kind), value, 0);
     if (result == SetValueReturnCode_InvalidValue)
@@ -225,6 +217,15 @@ void DefineExportStyles(StyleTree& style)
     }
 }
 
+namespace
+{
+
+// The "ExportSetup" settings are the export's own: they join the host's style tree as soon as the export
+// is loaded, and after every reset again.
+const bool ExportStylesAdded = (Application::instance().addStyles(DefineExportStyles), true);
+
+} // namespace
+
 ExportSettings CurrentExportSettings()
 {
     ExportSettings settings;
@@ -243,18 +244,9 @@ ExportSettings CurrentExportSettings()
 
 bool IsAnimationFormat(ExportFormat_e format)
 {
-    switch (format)
-    {
-    case ExportFormat_RasterMetafile:
-    case ExportFormat_AVI:
-    case ExportFormat_Flash:
-    case ExportFormat_FLV:
-    case ExportFormat_MPEG4:
-    case ExportFormat_WMV:
-        return true;
-    default:
-        return false;
-    }
+    const auto found = std::find_if(FormatKeywords.begin(), FormatKeywords.end(),
+                                    [format](const Keyword& keyword) { return keyword.value == format; });
+    return found != FormatKeywords.end() && found->animation;
 }
 
 SetValueReturnCode_e SetExportValue(const std::string& name, double number, ArbParam_t any, std::string& why)

@@ -26,7 +26,8 @@ struct ExportSettings
     std::string fileName;
 };
 
-// Adds the "ExportSetup" settings, with their defaults, to the host's style tree.
+// Adds the "ExportSetup" settings, with their defaults, to a style tree. The export adds them to the
+// host's own when it is loaded.
 void DefineExportStyles(StyleTree& style);
 
 // The current "ExportSetup" settings.

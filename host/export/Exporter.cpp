@@ -4,6 +4,8 @@
 #include "export/ExportSession.h"
 
 #include <cstdio>
+#include <exception>
+#include <memory>
 
 namespace vantix::host::detail
 {
@@ -11,92 +13,117 @@ namespace vantix::host::detail
 namespace
 {
 
+// The export of the host state: the one in progress, and why the last operation failed. A reset abandons
+// an export that is still open.
+struct ExportState : HostPart
+{
+    std::unique_ptr<ExportSession> open; // null when none
+    std::string lastError;
+
+    void reset() override
+    {
+        open.reset();
+        lastError.clear();
+    }
+};
+
+ExportState& State()
+{
+    return Application::instance().part<ExportState>();
+}
+
 bool Fail(const std::string& why)
 {
-    Application& app = Application::instance();
-    app.m_exportError = why;
+    State().lastError = why;
     std::fprintf(stderr, "vantix: export: %s\n", why.c_str());
     return false;
+}
+
+// Runs a step of the export; an exception it throws is its failure, told in its words.
+template <typename Step>
+bool Attempt(Step&& step)
+{
+    try
+    {
+        step();
+        return true;
+    }
+    catch (const std::exception& error)
+    {
+        return Fail(error.what());
+    }
 }
 
 } // namespace
 
 bool StartExport()
 {
-    Application& app = Application::instance();
-    if (app.m_export)
+    ExportState& state = State();
+    if (state.open)
         return Fail("an export is already in progress");
-    try
-    {
-        auto session = std::make_shared<ExportSession>();
-        session->settings = CurrentExportSettings();
-        if (!IsAnimationFormat(session->settings.format))
-            return Fail("the export format does not hold an animation");
-        if (session->settings.fileName.empty())
-            return Fail("no export file name is set");
-        ExportImageSize(session->settings, session->width, session->height);
+    auto session = std::make_unique<ExportSession>();
+    return Attempt(
+        [&]
+        {
+            session->settings = CurrentExportSettings();
+            if (!IsAnimationFormat(session->settings.format))
+                throw ExportError("the export format does not hold an animation");
+            if (session->settings.fileName.empty())
+                throw ExportError("no export file name is set");
+            ExportImageSize(session->settings, session->width, session->height);
 
-        MovieOptions options;
-        options.format = session->settings.format;
-        options.path = session->settings.fileName;
-        options.width = session->width;
-        options.height = session->height;
-        options.framesPerSecond = session->settings.animationSpeed;
-        options.aviCompression = session->settings.aviCompression;
-        options.flashImageType = session->settings.flashImageType;
-        options.flashCompression = session->settings.flashCompression;
-        session->writer = OpenFrameWriter(options);
-        session->writer->write(RenderExportImage(session->settings, session->width, session->height));
-        session->frames = 1;
-        app.m_export = std::move(session);
-        app.m_exportError.clear();
-        return true;
-    }
-    catch (const std::exception& error)
-    {
-        return Fail(error.what());
-    }
+            MovieOptions options;
+            options.format = session->settings.format;
+            options.path = session->settings.fileName;
+            options.width = session->width;
+            options.height = session->height;
+            options.framesPerSecond = session->settings.animationSpeed;
+            options.aviCompression = session->settings.aviCompression;
+            options.flashImageType = session->settings.flashImageType;
+            options.flashCompression = session->settings.flashCompression;
+            session->writer = OpenFrameWriter(options);
+            session->writer->write(RenderExportImage(session->settings, session->width, session->height));
+            session->frames = 1;
+            state.open = std::move(session);
+            state.lastError.clear();
+        });
 }
 
 bool AddExportFrame()
 {
-    Application& app = Application::instance();
-    if (!app.m_export)
+    ExportSession* session = State().open.get();
+    if (!session)
         return Fail("no export is in progress");
-    ExportSession& session = *app.m_export;
-    try
-    {
-        session.writer->write(RenderExportImage(session.settings, session.width, session.height));
-        ++session.frames;
-        return true;
-    }
-    catch (const std::exception& error)
-    {
-        return Fail(error.what());
-    }
+    return Attempt(
+        [session]
+        {
+            session->writer->write(RenderExportImage(session->settings, session->width, session->height));
+            ++session->frames;
+        });
 }
 
 bool FinishExport()
 {
-    Application& app = Application::instance();
-    if (!app.m_export)
+    if (!State().open)
         return Fail("no export is in progress");
     // The session is closed whatever happens: a file that cannot be completed is removed with it.
-    const std::shared_ptr<ExportSession> session = std::move(app.m_export);
-    try
-    {
-        session->writer->finish();
-        return true;
-    }
-    catch (const std::exception& error)
-    {
-        return Fail(error.what());
-    }
+    const std::unique_ptr<ExportSession> session = std::move(State().open);
+    return Attempt([&session] { session->writer->finish(); });
 }
 
 void CancelExport()
 {
-    Application::instance().m_export.reset();
+    State().open.reset();
+}
+
+bool ExportIsOpen()
+{
+    return State().open != nullptr;
+}
+
+const std::string& LastExportError()
+{
+    return State().lastError;
 }
 
 } // namespace vantix::host::detail

@@ -2,12 +2,19 @@
 // host's last export error, and printed on standard error for the program's user.
 #pragma once
 
+#include <string>
+
 namespace vantix::host::detail
 {
 
 bool StartExport();
 bool AddExportFrame();
 bool FinishExport();
+// Abandons the export in progress, if any, and its file.
 void CancelExport();
+
+bool ExportIsOpen();
+// Why the last export operation failed; empty after a success.
+const std::string& LastExportError();
 
 } // namespace vantix::host::detail

@@ -6,9 +6,11 @@
 
 #include <VtxUtil.h>
 
+#include <cstdio>
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace vantix::host::detail
 {
@@ -32,6 +34,37 @@ struct MovieOptions
     FlashCompressionType_e flashCompression = FlashCompressionType_BestSpeed;
 };
 
+struct FileCloser
+{
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using FileOwner = std::unique_ptr<std::FILE, FileCloser>;
+
+// The file an export writes, removed again unless it was completed. Only a file that the export made is
+// removed: one it could not make is not its to touch.
+class UnfinishedFile
+{
+public:
+    explicit UnfinishedFile(std::string path) : m_path(std::move(path)) {}
+    UnfinishedFile(const UnfinishedFile&) = delete;
+    UnfinishedFile& operator=(const UnfinishedFile&) = delete;
+    ~UnfinishedFile()
+    {
+        if (m_made && !m_finished)
+            std::remove(m_path.c_str());
+    }
+
+    const std::string& path() const { return m_path; }
+    // The file exists now; from here on it goes unless it is finished.
+    void made() { m_made = true; }
+    void finished() { m_finished = true; }
+
+private:
+    std::string m_path;
+    bool m_made = false;
+    bool m_finished = false;
+};
+
 class FrameWriter
 {
 public:
@@ -45,8 +78,5 @@ public:
 // Opens the file for an animation format. Throws ExportError when the file cannot be written or the
 // format holds no animation.
 std::unique_ptr<FrameWriter> OpenFrameWriter(const MovieOptions& options);
-
-// Writes one image in a still-image format (PNG, BMP, TIFF, JPEG). Throws ExportError.
-void WriteStillImage(ExportFormat_e format, const Image& image, const std::string& path);
 
 } // namespace vantix::host::detail

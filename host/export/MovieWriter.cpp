@@ -2,27 +2,14 @@
 
 extern "C"
 {
-#include <libavcodec/avcodec.h>
-#include <libavformat/avformat.h>
-#include <libavutil/imgutils.h>
-#include <libavutil/opt.h>
-#include <libswscale/swscale.h>
+#include <libavutil/dict.h>
 }
-
-#include <cstdio>
 
 namespace vantix::host::detail
 {
 
 namespace
 {
-
-std::string FfmpegText(int error)
-{
-    char text[AV_ERROR_MAX_STRING_SIZE] = {};
-    av_strerror(error, text, sizeof text);
-    return text;
-}
 
 // How each format is written: the container, the codec and its picture format, and a fixed quantiser for
 // the codecs that would otherwise use a low default bit rate (0: the codec's own rate control).
@@ -85,90 +72,78 @@ void QuietenEncoders()
 
 } // namespace
 
-MovieWriter::MovieWriter(const MovieOptions& options) : m_path(options.path)
+MovieWriter::MovieWriter(const MovieOptions& options) : m_target(options.path)
 {
     QuietenEncoders();
-    try
+    const Recipe recipe = RecipeFor(options);
+    AVFormatContext* format = nullptr;
+    int result = avformat_alloc_output_context2(&format, nullptr, recipe.container, options.path.c_str());
+    m_format.reset(format);
+    if (result < 0 || !m_format)
+        throw ExportError("cannot prepare a " + std::string(recipe.container) +
+                          " file: " + FfmpegErrorText(result));
+
+    const AVCodec* codec = avcodec_find_encoder_by_name(recipe.codec);
+    if (!codec)
+        throw ExportError(std::string("this host has no ") + recipe.codec + " encoder");
+    m_stream = avformat_new_stream(m_format.get(), nullptr);
+    m_codec.reset(avcodec_alloc_context3(codec));
+    m_packet.reset(av_packet_alloc());
+    m_frame.reset(av_frame_alloc());
+    if (!m_stream || !m_codec || !m_packet || !m_frame)
+        throw ExportError("not enough memory to export");
+
+    const AVRational rate = av_d2q(options.framesPerSecond, 65535);
+    m_codec->width = options.width;
+    m_codec->height = options.height;
+    m_codec->pix_fmt = recipe.pixelFormat;
+    m_codec->time_base = av_inv_q(rate);
+    m_codec->framerate = rate;
+    m_codec->gop_size = 12;
+    m_codec->color_range = recipe.pixelFormat == AV_PIX_FMT_YUVJ444P ? AVCOL_RANGE_JPEG : AVCOL_RANGE_MPEG;
+    if (recipe.quantiser > 0)
     {
-        const Recipe recipe = RecipeFor(options);
-        int result =
-            avformat_alloc_output_context2(&m_format, nullptr, recipe.container, options.path.c_str());
-        if (result < 0 || !m_format)
-            throw ExportError("cannot prepare a " + std::string(recipe.container) +
-                              " file: " + FfmpegText(result));
-
-        const AVCodec* codec = avcodec_find_encoder_by_name(recipe.codec);
-        if (!codec)
-            throw ExportError(std::string("this host has no ") + recipe.codec + " encoder");
-        m_stream = avformat_new_stream(m_format, nullptr);
-        m_codec = avcodec_alloc_context3(codec);
-        m_packet = av_packet_alloc();
-        m_frame = av_frame_alloc();
-        if (!m_stream || !m_codec || !m_packet || !m_frame)
-            throw ExportError("not enough memory to export");
-
-        const AVRational rate = av_d2q(options.framesPerSecond, 65535);
-        m_codec->width = options.width;
-        m_codec->height = options.height;
-        m_codec->pix_fmt = recipe.pixelFormat;
-        m_codec->time_base = av_inv_q(rate);
-        m_codec->framerate = rate;
-        m_codec->gop_size = 12;
-        m_codec->color_range =
-            recipe.pixelFormat == AV_PIX_FMT_YUVJ444P ? AVCOL_RANGE_JPEG : AVCOL_RANGE_MPEG;
-        if (recipe.quantiser > 0)
-        {
-            m_codec->flags |= AV_CODEC_FLAG_QSCALE;
-            m_codec->global_quality = FF_QP2LAMBDA * recipe.quantiser;
-        }
-        if (m_format->oformat->flags & AVFMT_GLOBALHEADER)
-            m_codec->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
-
-        AVDictionary* codecOptions = nullptr;
-        if (std::string(recipe.codec) == "libx264")
-        {
-            m_codec->gop_size = 250;
-            av_dict_set(&codecOptions, "preset", "fast", 0);
-            av_dict_set(&codecOptions, "crf", "18", 0);
-        }
-        result = avcodec_open2(m_codec, codec, &codecOptions);
-        av_dict_free(&codecOptions);
-        if (result < 0)
-            throw ExportError("cannot start the " + std::string(recipe.codec) + " encoder at " +
-                              std::to_string(options.width) + " x " + std::to_string(options.height) + ": " +
-                              FfmpegText(result));
-        avcodec_parameters_from_context(m_stream->codecpar, m_codec);
-        m_stream->time_base = m_codec->time_base;
-        m_stream->avg_frame_rate = rate;
-
-        result = avio_open(&m_format->pb, options.path.c_str(), AVIO_FLAG_WRITE);
-        if (result < 0)
-            throw ExportError("cannot write " + options.path + ": " + FfmpegText(result));
-        result = avformat_write_header(m_format, nullptr);
-        if (result < 0)
-            throw ExportError("cannot write the header of " + options.path + ": " + FfmpegText(result));
-
-        m_frame->format = recipe.pixelFormat;
-        m_frame->width = options.width;
-        m_frame->height = options.height;
-        if (av_frame_get_buffer(m_frame, 0) < 0)
-            throw ExportError("not enough memory to export");
-        m_convert =
-            sws_getContext(options.width, options.height, AV_PIX_FMT_RGB24, options.width, options.height,
-                           recipe.pixelFormat, SWS_BICUBIC, nullptr, nullptr, nullptr);
-        if (!m_convert)
-            throw ExportError("cannot convert images for the " + std::string(recipe.codec) + " encoder");
+        m_codec->flags |= AV_CODEC_FLAG_QSCALE;
+        m_codec->global_quality = FF_QP2LAMBDA * recipe.quantiser;
     }
-    catch (...)
+    if (m_format->oformat->flags & AVFMT_GLOBALHEADER)
+        m_codec->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
+
+    AVDictionary* codecOptions = nullptr;
+    if (std::string(recipe.codec) == "libx264")
     {
-        release();
-        throw;
+        m_codec->gop_size = 250;
+        av_dict_set(&codecOptions, "preset", "fast", 0);
+        av_dict_set(&codecOptions, "crf", "18", 0);
     }
-}
+    result = avcodec_open2(m_codec.get(), codec, &codecOptions);
+    av_dict_free(&codecOptions);
+    if (result < 0)
+        throw ExportError("cannot start the " + std::string(recipe.codec) + " encoder at " +
+                          std::to_string(options.width) + " x " + std::to_string(options.height) + ": " +
+                          FfmpegErrorText(result));
+    avcodec_parameters_from_context(m_stream->codecpar, m_codec.get());
+    m_stream->time_base = m_codec->time_base;
+    m_stream->avg_frame_rate = rate;
 
-MovieWriter::~MovieWriter()
-{
-    release();
+    result = avio_open(&m_format->pb, options.path.c_str(), AVIO_FLAG_WRITE);
+    if (result < 0)
+        throw ExportError("cannot write " + options.path + ": " + FfmpegErrorText(result));
+    m_target.made();
+    result = avformat_write_header(m_format.get(), nullptr);
+    if (result < 0)
+        throw ExportError("cannot write the header of " + options.path + ": " + FfmpegErrorText(result));
+
+    m_frame->format = recipe.pixelFormat;
+    m_frame->width = options.width;
+    m_frame->height = options.height;
+    if (av_frame_get_buffer(m_frame.get(), 0) < 0)
+        throw ExportError("not enough memory to export");
+    m_convert.reset(sws_getContext(options.width, options.height, AV_PIX_FMT_RGB24, options.width,
+                                   options.height, recipe.pixelFormat, SWS_BICUBIC, nullptr, nullptr,
+                                   nullptr));
+    if (!m_convert)
+        throw ExportError("cannot convert images for the " + std::string(recipe.codec) + " encoder");
 }
 
 void MovieWriter::write(const Image& image)
@@ -177,61 +152,46 @@ void MovieWriter::write(const Image& image)
         throw ExportError("an image of " + std::to_string(image.width) + " x " +
                           std::to_string(image.height) + " does not fit a movie of " +
                           std::to_string(m_codec->width) + " x " + std::to_string(m_codec->height));
-    if (av_frame_make_writable(m_frame) < 0)
+    if (av_frame_make_writable(m_frame.get()) < 0)
         throw ExportError("not enough memory to export");
     const std::uint8_t* source[] = {image.rgb.data()};
     const int sourceStride[] = {image.width * 3};
-    sws_scale(m_convert, source, sourceStride, 0, image.height, m_frame->data, m_frame->linesize);
+    sws_scale(m_convert.get(), source, sourceStride, 0, image.height, m_frame->data, m_frame->linesize);
     m_frame->pts = m_nextPts++;
     if (m_codec->flags & AV_CODEC_FLAG_QSCALE)
         m_frame->quality = m_codec->global_quality;
-    encode(m_frame);
+    encode(m_frame.get());
 }
 
 void MovieWriter::finish()
 {
     encode(nullptr); // drains what the encoder still holds
-    const int result = av_write_trailer(m_format);
+    int result = av_write_trailer(m_format.get());
+    if (result >= 0)
+        result = avio_closep(&m_format->pb);
     if (result < 0)
-        throw ExportError("cannot complete " + m_path + ": " + FfmpegText(result));
-    avio_closep(&m_format->pb);
-    m_finished = true;
+        throw ExportError("cannot complete " + m_target.path() + ": " + FfmpegErrorText(result));
+    m_target.finished();
 }
 
 void MovieWriter::encode(AVFrame* frame)
 {
-    int result = avcodec_send_frame(m_codec, frame);
+    int result = avcodec_send_frame(m_codec.get(), frame);
     if (result < 0)
-        throw ExportError("the encoder refused a frame: " + FfmpegText(result));
-    while ((result = avcodec_receive_packet(m_codec, m_packet)) >= 0)
+        throw ExportError("the encoder refused a frame: " + FfmpegErrorText(result));
+    while ((result = avcodec_receive_packet(m_codec.get(), m_packet.get())) >= 0)
     {
         // Every frame lasts one tick; without the duration the last frame would have none and some
         // containers would come out a frame short.
         m_packet->duration = 1;
-        av_packet_rescale_ts(m_packet, m_codec->time_base, m_stream->time_base);
+        av_packet_rescale_ts(m_packet.get(), m_codec->time_base, m_stream->time_base);
         m_packet->stream_index = m_stream->index;
-        result = av_interleaved_write_frame(m_format, m_packet);
+        result = av_interleaved_write_frame(m_format.get(), m_packet.get());
         if (result < 0)
-            throw ExportError("cannot write to " + m_path + ": " + FfmpegText(result));
+            throw ExportError("cannot write to " + m_target.path() + ": " + FfmpegErrorText(result));
     }
     if (result != AVERROR(EAGAIN) && result != AVERROR_EOF)
-        throw ExportError("the encoder failed: " + FfmpegText(result));
-}
-
-void MovieWriter::release()
-{
-    const bool abandon = !m_finished && m_format && m_format->pb;
-    if (m_format && m_format->pb)
-        avio_closep(&m_format->pb);
-    if (abandon)
-        std::remove(m_path.c_str());
-    sws_freeContext(m_convert);
-    m_convert = nullptr;
-    av_frame_free(&m_frame);
-    av_packet_free(&m_packet);
-    avcodec_free_context(&m_codec);
-    avformat_free_context(m_format);
-    m_format = nullptr;
+        throw ExportError("the encoder failed: " + FfmpegErrorText(result));
 }
 
 } // namespace vantix::host::detail

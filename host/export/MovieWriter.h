@@ -1,16 +1,10 @@
 // Movies through FFmpeg's libraries: AVI, Flash (SWF), Flash video (FLV), MPEG-4 and WMV.
 #pragma once
 
+#include "export/FfmpegOwners.h"
 #include "export/FrameWriter.h"
 
 #include <cstdint>
-
-struct AVCodecContext;
-struct AVFormatContext;
-struct AVFrame;
-struct AVPacket;
-struct AVStream;
-struct SwsContext;
 
 namespace vantix::host::detail
 {
@@ -19,26 +13,21 @@ class MovieWriter : public FrameWriter
 {
 public:
     explicit MovieWriter(const MovieOptions& options);
-    ~MovieWriter() override;
-    MovieWriter(const MovieWriter&) = delete;
-    MovieWriter& operator=(const MovieWriter&) = delete;
 
     void write(const Image& image) override;
     void finish() override;
 
 private:
     void encode(AVFrame* frame);
-    void release();
 
-    std::string m_path;
-    AVFormatContext* m_format = nullptr; // owned, with its file
-    AVCodecContext* m_codec = nullptr;   // owned
-    AVStream* m_stream = nullptr;        // owned by m_format
-    AVFrame* m_frame = nullptr;          // owned: the converted image
-    AVPacket* m_packet = nullptr;        // owned
-    SwsContext* m_convert = nullptr;     // owned
+    UnfinishedFile m_target; // outlives the format context, which closes the file
+    OutputOwner m_format;
+    CodecContextOwner m_codec;
+    AVStream* m_stream = nullptr; // owned by m_format
+    FrameOwner m_frame;           // the converted image
+    PacketOwner m_packet;
+    ScalerOwner m_convert;
     std::int64_t m_nextPts = 0;
-    bool m_finished = false;
 };
 
 } // namespace vantix::host::detail

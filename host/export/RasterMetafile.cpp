@@ -19,11 +19,6 @@ namespace
 const char Signature[8] = {'V', 'T', 'X', 'R', 'M', 'F', '1', '\n'};
 constexpr long FrameCountOffset = 8 + 4 * 4;
 
-struct FileCloser
-{
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-
 std::uint32_t Number(const unsigned char* bytes)
 {
     return std::uint32_t(bytes[0]) | std::uint32_t(bytes[1]) << 8 | std::uint32_t(bytes[2]) << 16 |
@@ -33,35 +28,19 @@ std::uint32_t Number(const unsigned char* bytes)
 } // namespace
 
 RasterMetafileWriter::RasterMetafileWriter(const MovieOptions& options)
-    : m_path(options.path), m_width(options.width), m_height(options.height)
+    : m_target(options.path), m_file(std::fopen(options.path.c_str(), "wb")), m_width(options.width),
+      m_height(options.height)
 {
-    m_file = std::fopen(m_path.c_str(), "wb");
     if (!m_file)
-        throw ExportError("cannot write " + m_path + ": " + std::strerror(errno));
+        throw ExportError("cannot write " + m_target.path() + ": " + std::strerror(errno));
+    m_target.made();
     const AVRational rate = av_d2q(options.framesPerSecond, 65535);
-    try
-    {
-        put(Signature, sizeof Signature);
-        putNumber(std::uint32_t(m_width));
-        putNumber(std::uint32_t(m_height));
-        putNumber(std::uint32_t(rate.num));
-        putNumber(std::uint32_t(rate.den));
-        putNumber(0);
-    }
-    catch (...)
-    {
-        std::fclose(m_file);
-        std::remove(m_path.c_str());
-        throw;
-    }
-}
-
-RasterMetafileWriter::~RasterMetafileWriter()
-{
-    if (m_file)
-        std::fclose(m_file);
-    if (!m_finished)
-        std::remove(m_path.c_str());
+    put(Signature, sizeof Signature);
+    putNumber(std::uint32_t(m_width));
+    putNumber(std::uint32_t(m_height));
+    putNumber(std::uint32_t(rate.num));
+    putNumber(std::uint32_t(rate.den));
+    putNumber(0);
 }
 
 void RasterMetafileWriter::write(const Image& image)
@@ -75,7 +54,7 @@ void RasterMetafileWriter::write(const Image& image)
     // The fastest level: the pictures are large and the file is only an intermediate one.
     if (compress2(m_compressed.data(), &size, image.rgb.data(), uLong(image.rgb.size()), Z_BEST_SPEED) !=
         Z_OK)
-        throw ExportError("cannot compress a frame for " + m_path);
+        throw ExportError("cannot compress a frame for " + m_target.path());
     putNumber(std::uint32_t(size));
     put(m_compressed.data(), size);
     ++m_frames;
@@ -83,20 +62,18 @@ void RasterMetafileWriter::write(const Image& image)
 
 void RasterMetafileWriter::finish()
 {
-    if (std::fseek(m_file, FrameCountOffset, SEEK_SET) != 0)
-        throw ExportError("cannot complete " + m_path + ": " + std::strerror(errno));
+    if (std::fseek(m_file.get(), FrameCountOffset, SEEK_SET) != 0)
+        throw ExportError("cannot complete " + m_target.path() + ": " + std::strerror(errno));
     putNumber(m_frames);
-    const int closed = std::fclose(m_file);
-    m_file = nullptr;
-    if (closed != 0)
-        throw ExportError("cannot complete " + m_path + ": " + std::strerror(errno));
-    m_finished = true;
+    if (std::fclose(m_file.release()) != 0)
+        throw ExportError("cannot complete " + m_target.path() + ": " + std::strerror(errno));
+    m_target.finished();
 }
 
 void RasterMetafileWriter::put(const void* bytes, std::size_t count)
 {
-    if (std::fwrite(bytes, 1, count, m_file) != count)
-        throw ExportError("cannot write to " + m_path + ": " + std::strerror(errno));
+    if (std::fwrite(bytes, 1, count, m_file.get()) != count)
+        throw ExportError("cannot write to " + m_target.path() + ": " + std::strerror(errno));
 }
 
 void RasterMetafileWriter::putNumber(std::uint32_t value)
@@ -109,7 +86,7 @@ void RasterMetafileWriter::putNumber(std::uint32_t value)
 
 RasterMetafile ReadRasterMetafile(const std::string& path)
 {
-    std::unique_ptr<std::FILE, FileCloser> file(std::fopen(path.c_str(), "rb"));
+    const FileOwner file(std::fopen(path.c_str(), "rb"));
     if (!file)
         throw ExportError("cannot read " + path + ": " + std::strerror(errno));
     const auto read = [&](void* bytes, std::size_t count)

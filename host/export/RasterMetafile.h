@@ -23,9 +23,6 @@ class RasterMetafileWriter : public FrameWriter
 {
 public:
     explicit RasterMetafileWriter(const MovieOptions& options);
-    ~RasterMetafileWriter() override;
-    RasterMetafileWriter(const RasterMetafileWriter&) = delete;
-    RasterMetafileWriter& operator=(const RasterMetafileWriter&) = delete;
 
     void write(const Image& image) override;
     void finish() override;
@@ -34,13 +31,12 @@ private:
     void put(const void* bytes, std::size_t count);
     void putNumber(std::uint32_t value);
 
-    std::string m_path;
-    std::FILE* m_file = nullptr; // owned
+    UnfinishedFile m_target; // outlives the file's owner, which closes it
+    FileOwner m_file;
     int m_width = 0;
     int m_height = 0;
     std::uint32_t m_frames = 0;
     std::vector<unsigned char> m_compressed; // reused between frames
-    bool m_finished = false;
 };
 
 struct RasterMetafile

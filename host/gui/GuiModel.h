@@ -3,7 +3,7 @@
 // are up and which one takes the user's input.
 #pragma once
 
-#include "gui/CallContext.h"
+#include "core/CallContext.h"
 
 #include <VtxGUI.h>
 #include <vantix/host/Gui.h>

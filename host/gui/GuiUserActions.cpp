@@ -1,7 +1,7 @@
 // What the user does in the add-ons' dialogs and the host's menus. Each action checks that the user could
 // do it, changes what the control shows, then calls the control's callback, as the toolkit would.
 #include "core/Application.h"
-#include "gui/AddOnCallback.h"
+#include "events/AddOnCallback.h"
 #include "gui/ListEditing.h"
 #include "gui/UserInterface.h"
 
@@ -73,13 +73,13 @@ std::string CallbackOf(const GuiNode& node)
 void RunCallback(const GuiNode& node, GuiActionCallback_pf callback)
 {
     if (callback)
-        detail::CallAddOn(App(), CallbackOf(node), [callback] { callback(); });
+        detail::CallAddOn(CallbackOf(node), [callback] { callback(); });
 }
 
 void RunCallback(const GuiNode& node, GuiValueCallback_pf callback, int value)
 {
     if (callback)
-        detail::CallAddOn(App(), CallbackOf(node), [callback, value] { callback(&value); });
+        detail::CallAddOn(CallbackOf(node), [callback, value] { callback(&value); });
 }
 
 // A dialog's own button, which the dialog has only with its callback.
@@ -108,7 +108,7 @@ bool enterText(int field, const std::string& text)
     if (!callback)
         return true;
     // The callback gets its own copy: it may well set the field's text while it reads this one.
-    return detail::CallAddOn(App(), CallbackOf(node), false,
+    return detail::CallAddOn(CallbackOf(node), false,
                              [callback, typed = text] { return callback(typed.c_str()) != 0; });
 }
 
@@ -222,8 +222,7 @@ void chooseHostMenuOption(const std::string& menu, const std::string& label)
         throw std::logic_error("cannot choose \"" + label + "\" in menu \"" + menu +
                                "\": a modal dialog holds the input");
     const MenuOptionCallback_pf callback = entry->callback;
-    detail::CallAddOn(App(),
-                      "the callback of option \"" + entry->option.label + "\" of menu \"" + menu + "\"",
+    detail::CallAddOn("the callback of option \"" + entry->option.label + "\" of menu \"" + menu + "\"",
                       [callback] { callback(); });
 }
 

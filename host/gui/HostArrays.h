@@ -2,7 +2,7 @@
 // VtxUtilArrayDealloc.
 #pragma once
 
-#include "gui/Handouts.h"
+#include "core/Handouts.h"
 
 #include <vector>
 

@@ -2,7 +2,7 @@
 // like the add-ons that added them.
 #pragma once
 
-#include "gui/CallContext.h"
+#include "core/CallContext.h"
 
 #include <vantix/host/Gui.h>
 

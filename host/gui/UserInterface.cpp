@@ -11,25 +11,11 @@ void UserInterface::reset()
     prompts.reset();
     help.reset();
     arrays.forgetCounts();
-    argLists.forgetCounts();
-    stateChanges.clearRaised();
-}
-
-std::shared_ptr<UserInterface> SharedUserInterface(Application& app)
-{
-    if (!app.m_userInterface)
-        app.m_userInterface = std::make_shared<UserInterface>();
-    return app.m_userInterface;
 }
 
 UserInterface& UserInterfaceOf(Application& app)
 {
-    return *SharedUserInterface(app);
-}
-
-void RaiseStateChange(Application& app, StateChange_e change)
-{
-    UserInterfaceOf(app).stateChanges.raise(app, change);
+    return app.part<UserInterface>();
 }
 
 } // namespace vantix::host::detail

@@ -1,49 +1,35 @@
-// Everything of the host's state that its users and add-ons meet outside the page: dialogs, controls and
-// menus, the host menus' add-on options, messages and file dialogs, help pages, host arrays, argument
-// lists, the on-idle queue and the state-change listeners.
+// What the host's users and add-ons meet outside the page: dialogs, controls and menus, the host menus'
+// add-on options, messages and file dialogs, help pages, and the arrays handed out with list selections.
 #pragma once
 
-#include "gui/ArgLists.h"
+#include "core/HostPart.h"
 #include "gui/GuiModel.h"
 #include "gui/HelpPages.h"
 #include "gui/HostArrays.h"
 #include "gui/HostMenus.h"
-#include "gui/OnIdleQueue.h"
 #include "gui/Prompts.h"
-#include "gui/StateChangeHub.h"
-
-#include <VtxUtil.h>
-
-#include <memory>
 
 namespace vantix::host::detail
 {
 
 class Application;
 
-struct UserInterface
+struct UserInterface : HostPart
 {
     GuiModel gui;
     HostMenus hostMenus;
     Prompts prompts;
     HelpPages help;
     HostArrays arrays;
-    ArgLists argLists;
-    OnIdleQueue onIdle;
-    StateChangeHub stateChanges;
 
-    // For a reset of the host. What add-ons hold or registered stays: dialogs, controls and menus with their
-    // identifiers and contents (every dialog is taken down, without callbacks), host menu options, arrays
-    // and argument lists (counted afresh), queued on-idle calls, state-change callbacks and listeners.
-    // Scripts, logs and help settings start afresh.
-    void reset();
+    // For a reset of the host. What add-ons hold or added stays: dialogs, controls and menus with their
+    // identifiers and contents (every dialog is taken down, without callbacks), host menu options, and
+    // arrays (counted afresh). Scripts, logs and help settings start afresh, so that the help of a reset
+    // host never starts a browser.
+    void reset() override;
 };
 
-// The application's user interface, made on first use.
+// The application's user interface.
 UserInterface& UserInterfaceOf(Application& app);
-std::shared_ptr<UserInterface> SharedUserInterface(Application& app);
-
-// Raises a state change: logged and delivered at once to every callback and listener.
-void RaiseStateChange(Application& app, StateChange_e change);
 
 } // namespace vantix::host::detail

@@ -79,9 +79,7 @@ void AddOnModules::load(const std::string& path)
 
 AddOnModules& AddOnModulesOf(Application& app)
 {
-    if (!app.m_addOnModules)
-        app.m_addOnModules = std::make_shared<AddOnModules>();
-    return *app.m_addOnModules;
+    return app.part<AddOnModules>();
 }
 
 } // namespace vantix::host::detail

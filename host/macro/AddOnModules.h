@@ -1,6 +1,8 @@
 // The add-on modules loaded into the process, each started once through its entry point InitVtxAddOn113.
 #pragma once
 
+#include "core/HostPart.h"
+
 #include <string>
 #include <vector>
 
@@ -30,7 +32,7 @@ private:
     void* m_handle = nullptr;
 };
 
-class AddOnModules
+class AddOnModules : public HostPart
 {
 public:
     // Loads the module at path and calls its InitVtxAddOn113, unless this module was started before (by
@@ -38,12 +40,14 @@ public:
     // no entry point.
     void load(const std::string& path);
 
+    // The add-ons stay registered across a reset, and so do their modules.
+    void reset() override {}
+
 private:
     std::vector<ModuleHandle> m_started;
 };
 
-// The application's modules, made on first use; they are not forgotten on reset, as the add-ons stay
-// registered.
+// The application's modules.
 AddOnModules& AddOnModulesOf(Application& app);
 
 } // namespace vantix::host::detail

@@ -52,7 +52,7 @@ MacroResult runMacroText(const std::string& text, const std::string& name, const
 std::string recordedMacroText()
 {
     std::string text = std::string(MacroHeader) + "\n";
-    const std::vector<std::string>& lines = detail::Application::instance().m_macroLines;
+    const std::vector<std::string>& lines = detail::Application::instance().recordedMacroLines();
     for (std::size_t i = 0; i < lines.size(); ++i)
     {
         if (lines[i].find_first_of("\r\n") != std::string::npos)

@@ -20,9 +20,7 @@ MacroCommandCallback_pf MacroCommands::find(const std::string& addOnID) const
 
 MacroCommands& MacroCommandsOf(Application& app)
 {
-    if (!app.m_macroCommands)
-        app.m_macroCommands = std::make_shared<MacroCommands>();
-    return *app.m_macroCommands;
+    return app.part<MacroCommands>();
 }
 
 } // namespace vantix::host::detail

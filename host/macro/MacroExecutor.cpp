@@ -1,10 +1,9 @@
 #include "macro/MacroExecutor.h"
 
 #include "core/Application.h"
+#include "events/StateChanges.h"
 #include "export/Exporter.h"
-#include "gui/UserInterface.h"
 #include "macro/AddOnModules.h"
-#include "macro/HostStrings.h"
 #include "macro/MacroCommands.h"
 #include "macro/MacroError.h"
 #include "macro/MacroStyleValue.h"
@@ -49,7 +48,7 @@ void RunAddOnCommand(const macro::AddOnCommand& command)
         throw MacroError("the macro command callback of add-on '" + command.addOnID + "' threw an exception");
     }
     const std::string reason = message ? message : "";
-    ReleaseHostString(App(), &message);
+    App().strings().release(&message);
     if (!done)
         throw MacroError(reason.empty()
                              ? "add-on '" + command.addOnID + "' refused the command without saying why"
@@ -58,7 +57,7 @@ void RunAddOnCommand(const macro::AddOnCommand& command)
 
 [[noreturn]] void ExportFailed(const std::string& what)
 {
-    const std::string& why = App().m_exportError;
+    const std::string& why = LastExportError();
     throw MacroError(why.empty() ? what : what + ": " + why);
 }
 
@@ -98,19 +97,19 @@ void RunNewFrame(const macro::NewFrame& command)
 // The view turns about a view axis and the viewer orbits the rotation origin with it.
 void RunRotate3DView(const macro::Rotate3DView& command)
 {
-    Frame* frame = App().active3DFrame();
+    Frame* frame = App().page().active3DFrame();
     if (!frame)
         throw MacroError("the view cannot be rotated: the active frame is not a 3D plot");
     const View3D::Axis axis = command.axis == RotateAxis_Psi     ? View3D::Axis::Psi
                               : command.axis == RotateAxis_Theta ? View3D::Axis::Theta
                                                                  : View3D::Axis::Alpha;
     frame->view.rotate(axis, command.degrees, frame->view.rotationOrigin());
-    RaiseStateChange(App(), StateChange_View3D);
+    RaiseStateChange(StateChange_View3D);
 }
 
 void RequireFrame(const char* toDo)
 {
-    if (!App().activeFrame())
+    if (!App().page().activeFrame())
         throw MacroError(std::string("there is no frame to ") + toDo);
 }
 

@@ -1,7 +1,7 @@
 #include "macro/MacroRunner.h"
 
 #include "core/Application.h"
-#include "gui/UserInterface.h"
+#include "events/HostEvents.h"
 #include "macro/MacroError.h"
 #include "macro/MacroExecutor.h"
 #include "macro/MacroParser.h"
@@ -65,7 +65,7 @@ MacroResult MacroRunner::run(std::string_view text) const
         if (line.empty() || line.front() == '#')
             continue;
         // Ctrl-C while no progress line asks for it: stop before the next command rather than not at all.
-        if (app.m_cancelSignal.exchange(false))
+        if (app.takeCancelSignal())
             return failure(MacroResult::Status::Failed, lineNumber, "cancelled before this command");
         try
         {
@@ -85,8 +85,7 @@ MacroResult MacroRunner::run(std::string_view text) const
 
 void MacroRunner::runIdleWork()
 {
-    Application& app = Application::instance();
-    UserInterfaceOf(app).onIdle.runUntilEmpty(app, IdleRoundsBetweenCommands);
+    Events().onIdle.runUntilEmpty(IdleRoundsBetweenCommands);
 }
 
 MacroResult MacroRunner::failure(MacroResult::Status status, int line, const std::string& reason) const

@@ -92,7 +92,7 @@ void WriteMacroStyleValue(const std::vector<std::string>& path, const MacroValue
     for (const std::string& name : path)
         pathText += (pathText.empty() ? "" : "/") + name;
 
-    StyleNode* node = const_cast<StyleNode*>(Application::instance().m_style.find(path));
+    StyleNode* node = const_cast<StyleNode*>(Application::instance().style().find(path));
     if (!node || !node->isSetting())
         throw MacroError("unknown style setting " + pathText);
     StyleSetting& setting = node->setting();
@@ -101,7 +101,7 @@ void WriteMacroStyleValue(const std::vector<std::string>& path, const MacroValue
         throw MacroError(pathText + " takes " + Describe(setting.kind) + ", not " + Describe(value) + " (" +
                          ValueText(value) + ")");
 
-    Application::instance().noteStyleWrite(node->path());
+    Application::instance().calls().noteStyleWrite(node->path());
     switch (WriteSetting(setting, setting.kind, data, 0))
     {
     case SetValueReturnCode_Ok:

@@ -3,7 +3,7 @@
 // and the frame axis.
 #pragma once
 
-#include "core/Application.h"
+#include "core/Page.h"
 #include "render/GeometryCache.h"
 #include "render/SceneStyle.h"
 #include "render/ShaderProgram.h"

@@ -26,22 +26,22 @@ PageBox BoxOf(const Frame& frame)
 
 // The part of the page a region shows, and the frames drawn in it; false when the region has no frame to
 // show or is unknown.
-bool Region(Application& app, ExportRegion_e region, PageBox& box, std::vector<const Frame*>& frames)
+bool Region(const Page& page, ExportRegion_e region, PageBox& box, std::vector<const Frame*>& frames)
 {
     switch (region)
     {
     case ExportRegion_CurrentFrame:
-        if (!app.activeFrame())
+        if (!page.activeFrame())
             return false;
-        box = BoxOf(*app.activeFrame());
-        frames = {app.activeFrame()};
+        box = BoxOf(*page.activeFrame());
+        frames = {page.activeFrame()};
         return true;
     case ExportRegion_AllFrames:
     {
-        if (app.m_frames.empty())
+        if (page.frames().empty())
             return false;
         double left = 1e300, top = 1e300, right = -1e300, bottom = -1e300;
-        for (const auto& frame : app.m_frames)
+        for (const auto& frame : page.frames())
         {
             left = std::min(left, frame->x);
             top = std::min(top, frame->y);
@@ -53,8 +53,8 @@ bool Region(Application& app, ExportRegion_e region, PageBox& box, std::vector<c
         return true;
     }
     case ExportRegion_WorkArea:
-        box = {0.0, 0.0, app.m_paperWidth, app.m_paperHeight};
-        for (const auto& frame : app.m_frames)
+        box = {0.0, 0.0, page.paperWidth(), page.paperHeight()};
+        for (const auto& frame : page.frames())
             frames.push_back(frame.get());
         return true;
     }
@@ -65,16 +65,16 @@ bool Region(Application& app, ExportRegion_e region, PageBox& box, std::vector<c
 
 void RegionPixelSize(ExportRegion_e region, double& width, double& height)
 {
-    Application& app = Application::instance();
+    const Page& page = Application::instance().page();
     PageBox box;
     std::vector<const Frame*> frames;
-    if (!Region(app, region, box, frames))
+    if (!Region(page, region, box, frames))
     {
         width = height = 0.0;
         return;
     }
-    width = box.width * app.m_pixelsPerInch;
-    height = box.height * app.m_pixelsPerInch;
+    width = box.width * page.pixelsPerInch();
+    height = box.height * page.pixelsPerInch();
 }
 
 Image RenderRegion(ExportRegion_e region, int width, int height, int supersample)
@@ -82,7 +82,7 @@ Image RenderRegion(ExportRegion_e region, int width, int height, int supersample
     Application& app = Application::instance();
     PageBox box;
     std::vector<const Frame*> frames;
-    if (!Region(app, region, box, frames))
+    if (!Region(app.page(), region, box, frames))
     {
         if (region == ExportRegion_CurrentFrame || region == ExportRegion_AllFrames)
             throw std::logic_error("the page has no frame to draw");
@@ -95,7 +95,7 @@ Image RenderRegion(ExportRegion_e region, int width, int height, int supersample
         slots.push_back({frame, (frame->x - box.x) / box.width, (frame->y - box.y) / box.height,
                          (frame->x + frame->width - box.x) / box.width,
                          (frame->y + frame->height - box.y) / box.height});
-    return OffscreenRenderer::instance().render(width, height, slots, ReadSceneStyle(app.m_style),
+    return OffscreenRenderer::instance().render(width, height, slots, ReadSceneStyle(app.style()),
                                                 supersample);
 }
 
@@ -103,7 +103,7 @@ Image RenderFrame(const Frame& frame, int width, int height, int supersample)
 {
     Application& app = Application::instance();
     return OffscreenRenderer::instance().render(width, height, {FrameSlot{&frame}},
-                                                ReadSceneStyle(app.m_style), supersample);
+                                                ReadSceneStyle(app.style()), supersample);
 }
 
 } // namespace vantix::host::detail

@@ -1,6 +1,6 @@
 #include "scene/DataSetLoading.h"
 
-#include "gui/UserInterface.h"
+#include "events/StateChanges.h"
 
 #include <algorithm>
 #include <cmath>
@@ -17,11 +17,11 @@ constexpr double FitMargin = 1.08;
 
 } // namespace
 
-Frame& FrameToLoadInto(Application& app)
+Frame& FrameToLoadInto(Page& page)
 {
-    if (Frame* frame = app.activeFrame())
+    if (Frame* frame = page.activeFrame())
         return *frame;
-    return app.addFrame(PlotType_Cartesian3D);
+    return page.addFrame(PlotType_Cartesian3D);
 }
 
 void AttachDataSet(Frame& frame, std::shared_ptr<DataSet> dataSet)
@@ -30,11 +30,10 @@ void AttachDataSet(Frame& frame, std::shared_ptr<DataSet> dataSet)
     frame.solutionTime = dataSet->earliestSolutionTime();
     FitView(frame.view, dataSet->bounds, frame.height > 0.0 ? frame.width / frame.height : 1.0);
     frame.dataSet = std::move(dataSet);
-    Application& app = Application::instance();
     if (replacing)
-        RaiseStateChange(app, StateChange_DataSetReset);
-    RaiseStateChange(app, StateChange_ZonesAdded);
-    RaiseStateChange(app, StateChange_DataSetLoaded);
+        RaiseStateChange(StateChange_DataSetReset);
+    RaiseStateChange(StateChange_ZonesAdded);
+    RaiseStateChange(StateChange_DataSetLoaded);
 }
 
 void FitView(View3D& view, const Bounds& bounds, double aspect)

@@ -1,7 +1,7 @@
 // Putting a data set into a frame, and fitting the frame's view to it.
 #pragma once
 
-#include "core/Application.h"
+#include "core/Page.h"
 #include "scene/DataSet.h"
 
 #include <memory>
@@ -10,7 +10,7 @@ namespace vantix::host::detail
 {
 
 // The frame a loader fills: the active one, or a new 3D frame when the page has none.
-Frame& FrameToLoadInto(Application& app);
+Frame& FrameToLoadInto(Page& page);
 
 // Gives the frame the data set, sets its solution time to the earliest zone time and fits its view.
 void AttachDataSet(Frame& frame, std::shared_ptr<DataSet> dataSet);

@@ -1,11 +1,12 @@
 // The host's own API over data sets and the page.
 #include "core/Application.h"
-#include "gui/UserInterface.h"
+#include "events/StateChanges.h"
 #include "scene/DataSetLoading.h"
 #include "scene/DemoDataSet.h"
 #include "scene/MeshFile.h"
 #include "scene/ZoneSet.h"
 
+#include <vantix/host/Host.h>
 #include <vantix/host/Scene.h>
 
 #include <stdexcept>
@@ -23,15 +24,14 @@ detail::Application& App()
 
 detail::Frame& FrameById(UniqueID_t id)
 {
-    for (auto& frame : App().m_frames)
-        if (frame->id == id)
-            return *frame;
+    if (detail::Frame* frame = App().page().frame(id))
+        return *frame;
     throw std::invalid_argument("the page has no frame " + std::to_string(id));
 }
 
 detail::DataSet& ActiveDataSet()
 {
-    detail::Frame& frame = App().requireActiveFrame();
+    detail::Frame& frame = App().page().requireActiveFrame();
     if (!frame.dataSet)
         throw std::logic_error("the active frame has no data set");
     return *frame.dataSet;
@@ -86,7 +86,7 @@ detail::Zone ToZone(const StreamtraceZoneData& data)
 
 void Load(std::shared_ptr<detail::DataSet> dataSet)
 {
-    detail::AttachDataSet(detail::FrameToLoadInto(App()), std::move(dataSet));
+    detail::AttachDataSet(detail::FrameToLoadInto(App().page()), std::move(dataSet));
 }
 
 } // namespace
@@ -111,7 +111,7 @@ void loadDataSet(const std::string& name, const std::vector<ZoneData>& zones)
 
 bool hasDataSet()
 {
-    const detail::Frame* frame = App().activeFrame();
+    const detail::Frame* frame = App().page().activeFrame();
     return frame && frame->dataSet;
 }
 
@@ -155,12 +155,12 @@ void setZoneEnabled(int zone, bool enabled)
     if (dataSet.zone(zone).enabled == enabled)
         return;
     dataSet.zone(zone).enabled = enabled;
-    detail::RaiseStateChange(App(), StateChange_ZoneActivation);
+    detail::RaiseStateChange(StateChange_ZoneActivation);
 }
 
 std::vector<int> shownZones()
 {
-    const detail::Frame& frame = App().requireActiveFrame();
+    const detail::Frame& frame = App().page().requireActiveFrame();
     return frame.dataSet ? frame.dataSet->shownZones(frame.solutionTime) : std::vector<int>{};
 }
 
@@ -172,7 +172,7 @@ std::array<double, 2> scalarRange()
 
 long outstandingSets()
 {
-    return App().m_sets ? App().m_sets->outstanding() : 0;
+    return detail::ZoneSetsOf(App()).outstanding();
 }
 
 void setFramePlacement(UniqueID_t id, const FramePlacement& placement)
@@ -196,25 +196,44 @@ void setPaperSize(double width, double height)
 {
     if (!(width > 0.0 && height > 0.0))
         throw std::invalid_argument("the paper's width and height must be positive");
-    App().m_paperWidth = width;
-    App().m_paperHeight = height;
+    App().page().setPaperSize(width, height);
 }
 
 std::array<double, 2> paperSize()
 {
-    return {App().m_paperWidth, App().m_paperHeight};
+    return {App().page().paperWidth(), App().page().paperHeight()};
 }
 
 void setPixelsPerInch(double pixelsPerInch)
 {
     if (!(pixelsPerInch > 0.0))
         throw std::invalid_argument("the pixels per inch must be positive");
-    App().m_pixelsPerInch = pixelsPerInch;
+    App().page().setPixelsPerInch(pixelsPerInch);
 }
 
 double pixelsPerInch()
 {
-    return App().m_pixelsPerInch;
+    return App().page().pixelsPerInch();
+}
+
+std::vector<JournalCommand> journalCommands()
+{
+    const detail::Frame* frame = App().page().activeFrame();
+    return frame && frame->dataSet ? frame->dataSet->journal : std::vector<JournalCommand>{};
+}
+
+bool journalIsValid()
+{
+    const detail::Frame* frame = App().page().activeFrame();
+    return frame && frame->dataSet && frame->dataSet->journalValid;
+}
+
+void setJournalValid(bool valid)
+{
+    detail::Frame& frame = App().page().requireActiveFrame();
+    if (!frame.dataSet)
+        throw std::logic_error("the active frame has no data set");
+    frame.dataSet->journalValid = valid;
 }
 
 } // namespace vantix::host

@@ -1,5 +1,7 @@
 #include "scene/ZoneSet.h"
 
+#include "core/Application.h"
+
 void Set_s::add(LgIndex_t member)
 {
     if (member < 1)
@@ -32,6 +34,11 @@ Set_s* SetRegistry::make()
 bool SetRegistry::release(Set_s* set)
 {
     return m_sets.erase(set) != 0;
+}
+
+SetRegistry& ZoneSetsOf(Application& app)
+{
+    return app.part<SetRegistry>();
 }
 
 } // namespace vantix::host::detail

@@ -1,6 +1,8 @@
 // Sets of zone numbers handed to add-ons (Set_pa), and the host's record of those not yet released.
 #pragma once
 
+#include "core/HostPart.h"
+
 #include <VtxUtil.h>
 
 #include <memory>
@@ -20,9 +22,11 @@ struct Set_s
 namespace vantix::host::detail
 {
 
+class Application;
+
 // Owns every set handed out, so that the host can count what an add-on did not release and can refuse to
 // release a handle it never made (or released already).
-class SetRegistry
+class SetRegistry : public HostPart
 {
 public:
     Set_s* make();
@@ -31,8 +35,14 @@ public:
     bool owns(const Set_s* set) const { return m_sets.count(const_cast<Set_s*>(set)) != 0; }
     long outstanding() const { return static_cast<long>(m_sets.size()); }
 
+    // The sets an add-on did not release die with the state they described.
+    void reset() override { m_sets.clear(); }
+
 private:
     std::unordered_map<Set_s*, std::unique_ptr<Set_s>> m_sets;
 };
+
+// The zone sets of the application.
+SetRegistry& ZoneSetsOf(Application& app);
 
 } // namespace vantix::host::detail

@@ -1,8 +1,7 @@
 // Host arrays: what the host hands to add-ons in arrays, released by them.
-#include "core/Application.h"
+#include "core/CallContext.h"
 #include "gui/UserInterface.h"
 
-using vantix::host::detail::Application;
 using vantix::host::detail::Call;
 using vantix::host::detail::CallContext;
 using vantix::host::detail::Release;
@@ -13,7 +12,7 @@ extern "C"
 
     void VtxUtilArrayDealloc(void** array)
     {
-        const CallContext call(Application::instance(), Call::ArrayDealloc);
+        const CallContext call(Call::ArrayDealloc);
         if (!array || !*array)
             return; // nothing to release, as with free(NULL)
         if (UserInterfaceOf(call.app()).arrays.release(*array) == Release::Unknown)

@@ -1,11 +1,10 @@
 // The host's messages, questions, file dialogs and help pages.
 #include "core/Application.h"
+#include "core/CallContext.h"
 #include "gui/UserInterface.h"
-#include "macro/HostStrings.h"
 
 #include <cstring>
 
-using vantix::host::detail::AllocateHostString;
 using vantix::host::detail::Application;
 using vantix::host::detail::Call;
 using vantix::host::detail::CallContext;
@@ -26,7 +25,7 @@ extern "C"
 
     void VtxUtilDialogErrMsg(const char* message)
     {
-        const CallContext call(Application::instance(), Call::DialogErrMsg);
+        const CallContext call(Call::DialogErrMsg);
         if (!message)
         {
             call.refuse("was given no message (null)");
@@ -37,7 +36,7 @@ extern "C"
 
     Boolean VtxUtilDialogMessageBox(const char* message, MessageBoxType_e type)
     {
-        const CallContext call(Application::instance(), Call::DialogMessageBox);
+        const CallContext call(Call::DialogMessageBox);
         if (!message)
         {
             call.refuse("was given no message (null)");
@@ -54,8 +53,8 @@ extern "C"
     Boolean VtxUtilDialogGetFileName(SelectFileOption_e option, char** fileName, const char* fileTypeName,
                                      const char* defaultFileName, const char* defaultFilter)
     {
-        Application& app = Application::instance();
-        const CallContext call(app, Call::DialogGetFileName);
+        const CallContext call(Call::DialogGetFileName);
+        Application& app = call.app();
         if (!fileName)
         {
             call.refuse("was given nowhere to put the file name");
@@ -71,7 +70,7 @@ extern "C"
             option, Text(fileTypeName), Text(defaultFileName), Text(defaultFilter));
         if (!chosen)
             return FALSE;
-        char* copy = AllocateHostString(app, static_cast<int>(chosen->size()));
+        char* copy = app.strings().allocate(static_cast<int>(chosen->size()));
         if (!copy)
             return FALSE; // out of memory: as good as no name
         std::memcpy(copy, chosen->c_str(), chosen->size() + 1);
@@ -82,7 +81,7 @@ extern "C"
     Boolean VtxUtilHelp(const char* helpFile, Boolean isURL, int reserved)
     {
         (void)reserved;
-        const CallContext call(Application::instance(), Call::Help);
+        const CallContext call(Call::Help);
         if (!helpFile || !*helpFile)
         {
             call.refuse("was given no help page");

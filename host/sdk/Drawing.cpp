@@ -1,75 +1,62 @@
 // Drawing, the status line and macro recording.
 #include "core/Application.h"
+#include "core/CallContext.h"
 #include "macro/MacroText.h"
 
 using vantix::host::detail::Application;
 using vantix::host::detail::Call;
+using vantix::host::detail::Enter;
 
 extern "C"
 {
 
     void VtxUtilDrawGraphics(Boolean doDrawing)
     {
-        Application& app = Application::instance();
-        app.note(Call::DrawGraphics);
-        app.suspendDrawing(!doDrawing);
+        Enter(Call::DrawGraphics).drawing().suspend(!doDrawing);
     }
 
     Boolean VtxUtilRedraw(Boolean doFullDrawing)
     {
         (void)doFullDrawing;
-        Application& app = Application::instance();
-        app.note(Call::Redraw);
-        return app.redraw() ? TRUE : FALSE;
+        return Enter(Call::Redraw).redraw() ? TRUE : FALSE;
     }
 
     Boolean VtxUtilStatusStartPercentDone(const char* text, Boolean showStopButton, Boolean showProgressBar)
     {
-        Application& app = Application::instance();
-        app.note(Call::StatusStartPercentDone);
-        app.statusStart(text, showStopButton != FALSE, showProgressBar != FALSE);
+        Enter(Call::StatusStartPercentDone)
+            .status()
+            .start(text, showStopButton != FALSE, showProgressBar != FALSE);
         return TRUE;
     }
 
     void VtxUtilStatusSetPercentDoneText(const char* text)
     {
-        Application& app = Application::instance();
-        app.note(Call::StatusSetPercentDoneText);
-        app.statusSetText(text);
+        Enter(Call::StatusSetPercentDoneText).status().setText(text);
     }
 
     Boolean VtxUtilStatusCheckPercentDone(int percentDone)
     {
-        Application& app = Application::instance();
-        app.note(Call::StatusCheckPercentDone);
-        return app.statusCheck(percentDone) ? TRUE : FALSE;
+        return Enter(Call::StatusCheckPercentDone).status().check(percentDone) ? TRUE : FALSE;
     }
 
     void VtxUtilStatusFinishPercentDone(void)
     {
-        Application& app = Application::instance();
-        app.note(Call::StatusFinishPercentDone);
-        app.statusFinish();
+        Enter(Call::StatusFinishPercentDone).status().finish();
     }
 
     Boolean VtxUtilMacroIsRecordingActive(void)
     {
-        Application& app = Application::instance();
-        app.note(Call::MacroIsRecordingActive);
-        return app.m_macroRecording ? TRUE : FALSE;
+        return Enter(Call::MacroIsRecordingActive).macroRecording() ? TRUE : FALSE;
     }
 
     Boolean VtxUtilMacroRecordRawCommand(const char* command)
     {
-        Application& app = Application::instance();
-        app.note(Call::MacroRecordRawCommand);
-        return app.recordMacroLine(command ? command : "") ? TRUE : FALSE;
+        return Enter(Call::MacroRecordRawCommand).recordMacroLine(command ? command : "") ? TRUE : FALSE;
     }
 
     Boolean VtxUtilMacroRecordExtCommand(const char* addOnIDString, const char* command)
     {
-        Application& app = Application::instance();
-        app.note(Call::MacroRecordExtCommand);
+        Application& app = Enter(Call::MacroRecordExtCommand);
         using vantix::host::detail::QuoteMacroText;
         return app.recordMacroLine(
                    "$!ADDONCOMMAND ADDONID = " + QuoteMacroText(addOnIDString ? addOnIDString : "", '\'') +

@@ -1,12 +1,12 @@
 // Export of the page into image and movie files.
-#include "core/Application.h"
+#include "core/CallContext.h"
 #include "export/ExportSetup.h"
 #include "export/Exporter.h"
 
 #include <cstdio>
 
-using vantix::host::detail::Application;
 using vantix::host::detail::Call;
+using vantix::host::detail::Enter;
 
 extern "C"
 {
@@ -14,8 +14,7 @@ extern "C"
     Boolean VtxUtilExportSetup(const char* name, const char* subName, double doubleValue, ArbParam_t anyValue)
     {
         (void)subName;
-        Application& app = Application::instance();
-        app.note(Call::ExportSetup);
+        Enter(Call::ExportSetup);
         std::string why;
         const SetValueReturnCode_e result =
             vantix::host::detail::SetExportValue(name ? name : "", doubleValue, anyValue, why);
@@ -29,32 +28,31 @@ extern "C"
 
     Boolean VtxUtilExportIsRecording(void)
     {
-        Application& app = Application::instance();
-        app.note(Call::ExportIsRecording);
-        return app.m_export ? TRUE : FALSE;
+        Enter(Call::ExportIsRecording);
+        return vantix::host::detail::ExportIsOpen() ? TRUE : FALSE;
     }
 
     Boolean VtxUtilExportStart(void)
     {
-        Application::instance().note(Call::ExportStart);
+        Enter(Call::ExportStart);
         return vantix::host::detail::StartExport() ? TRUE : FALSE;
     }
 
     Boolean VtxUtilExportNextFrame(void)
     {
-        Application::instance().note(Call::ExportNextFrame);
+        Enter(Call::ExportNextFrame);
         return vantix::host::detail::AddExportFrame() ? TRUE : FALSE;
     }
 
     Boolean VtxUtilExportFinish(void)
     {
-        Application::instance().note(Call::ExportFinish);
+        Enter(Call::ExportFinish);
         return vantix::host::detail::FinishExport() ? TRUE : FALSE;
     }
 
     void VtxUtilExportCancel(void)
     {
-        Application::instance().note(Call::ExportCancel);
+        Enter(Call::ExportCancel);
         vantix::host::detail::CancelExport();
     }
 

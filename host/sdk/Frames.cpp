@@ -1,11 +1,12 @@
 // The frames of the page and their 3D views.
 #include "core/Application.h"
-#include "gui/UserInterface.h"
+#include "core/CallContext.h"
+#include "events/StateChanges.h"
 
 #include <cmath>
 
-using vantix::host::detail::Application;
 using vantix::host::detail::Call;
+using vantix::host::detail::Enter;
 using vantix::host::detail::Frame;
 using vantix::host::detail::View3D;
 
@@ -21,51 +22,39 @@ extern "C"
 
     int VtxUtilFrameGetCount(void)
     {
-        Application& app = Application::instance();
-        app.note(Call::FrameGetCount);
-        return static_cast<int>(app.m_frames.size());
+        return static_cast<int>(Enter(Call::FrameGetCount).page().frames().size());
     }
 
     PlotType_e VtxUtilFrameGetPlotType(void)
     {
-        Application& app = Application::instance();
-        app.note(Call::FrameGetPlotType);
-        return app.activeFrame() ? app.activeFrame()->plotType : PlotType_Invalid;
+        const Frame* frame = Enter(Call::FrameGetPlotType).page().activeFrame();
+        return frame ? frame->plotType : PlotType_Invalid;
     }
 
     UniqueID_t VtxUtilFrameGetUniqueID(void)
     {
-        Application& app = Application::instance();
-        app.note(Call::FrameGetUniqueID);
-        return app.activeFrame() ? app.activeFrame()->id : 0;
+        const Frame* frame = Enter(Call::FrameGetUniqueID).page().activeFrame();
+        return frame ? frame->id : 0;
     }
 
     Boolean VtxUtilFrameActivateTop(void)
     {
-        Application& app = Application::instance();
-        app.note(Call::FrameActivateTop);
-        return app.activateTop() ? TRUE : FALSE;
+        return Enter(Call::FrameActivateTop).page().activateTop() ? TRUE : FALSE;
     }
 
     Boolean VtxUtilFramePushTop(void)
     {
-        Application& app = Application::instance();
-        app.note(Call::FramePushTop);
-        return app.pushTop() ? TRUE : FALSE;
+        return Enter(Call::FramePushTop).page().pushTop() ? TRUE : FALSE;
     }
 
     Boolean VtxUtilFrameActivateByUniqueID(UniqueID_t uniqueID)
     {
-        Application& app = Application::instance();
-        app.note(Call::FrameActivateByUniqueID);
-        return app.activate(uniqueID) ? TRUE : FALSE;
+        return Enter(Call::FrameActivateByUniqueID).page().activate(uniqueID) ? TRUE : FALSE;
     }
 
     Boolean VtxUtilThreeDViewGetViewerPos(double* x, double* y, double* z)
     {
-        Application& app = Application::instance();
-        app.note(Call::ThreeDViewGetViewerPos);
-        const Frame* frame = app.active3DFrame();
+        const Frame* frame = Enter(Call::ThreeDViewGetViewerPos).page().active3DFrame();
         if (!frame)
             return FALSE;
         const auto& position = frame->view.position();
@@ -80,9 +69,7 @@ extern "C"
 
     Boolean VtxUtilThreeDViewGetViewerAngle(double* psi, double* theta, double* alpha)
     {
-        Application& app = Application::instance();
-        app.note(Call::ThreeDViewGetViewerAngle);
-        const Frame* frame = app.active3DFrame();
+        const Frame* frame = Enter(Call::ThreeDViewGetViewerAngle).page().active3DFrame();
         if (!frame)
             return FALSE;
         if (psi)
@@ -96,9 +83,7 @@ extern "C"
 
     Boolean VtxUtilThreeDViewGetProjection(double* fieldOfView, double* viewWidth, Boolean* isInPerspective)
     {
-        Application& app = Application::instance();
-        app.note(Call::ThreeDViewGetProjection);
-        const Frame* frame = app.active3DFrame();
+        const Frame* frame = Enter(Call::ThreeDViewGetProjection).page().active3DFrame();
         if (!frame)
             return FALSE;
         if (fieldOfView)
@@ -114,9 +99,7 @@ extern "C"
                                 double vectorX, double vectorY, double vectorZ)
     {
         (void)vectorX, (void)vectorY, (void)vectorZ;
-        Application& app = Application::instance();
-        app.note(Call::ViewRotate3D);
-        Frame* frame = app.active3DFrame();
+        Frame* frame = Enter(Call::ViewRotate3D).page().active3DFrame();
         if (!frame || !std::isfinite(angle))
             return FALSE;
         View3D::Axis viewAxis;
@@ -145,26 +128,24 @@ extern "C"
         default:
             return FALSE;
         }
-        vantix::host::detail::RaiseStateChange(app, StateChange_View3D);
+        vantix::host::detail::RaiseStateChange(StateChange_View3D);
         return TRUE;
     }
 
     double VtxUtilSolutionTimeGetCurrent(void)
     {
-        Application& app = Application::instance();
-        app.note(Call::SolutionTimeGetCurrent);
-        return app.activeFrame() ? app.activeFrame()->solutionTime : 0.0;
+        const Frame* frame = Enter(Call::SolutionTimeGetCurrent).page().activeFrame();
+        return frame ? frame->solutionTime : 0.0;
     }
 
     SetValueReturnCode_e VtxUtilSolutionTimeSetCurrent(double solutionTime)
     {
-        Application& app = Application::instance();
-        app.note(Call::SolutionTimeSetCurrent);
-        if (!app.activeFrame())
+        Frame* frame = Enter(Call::SolutionTimeSetCurrent).page().activeFrame();
+        if (!frame)
             return SetValueReturnCode_ContextError;
         if (!std::isfinite(solutionTime))
             return SetValueReturnCode_InvalidValue;
-        app.activeFrame()->solutionTime = solutionTime;
+        frame->solutionTime = solutionTime;
         return SetValueReturnCode_Ok;
     }
 

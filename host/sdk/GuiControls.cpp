@@ -1,15 +1,14 @@
 // VtxGUI: buttons, labels, frames, text and spin fields, toggles, radio boxes, sensitivity and tooltips.
 #include "core/Application.h"
+#include "core/CallContext.h"
 #include "gui/ListEditing.h"
 #include "gui/UserInterface.h"
-#include "macro/HostStrings.h"
 
 #include <VtxGUI.h>
 
 #include <cstring>
 #include <vector>
 
-using vantix::host::detail::AllocateHostString;
 using vantix::host::detail::Application;
 using vantix::host::detail::Call;
 using vantix::host::detail::CallContext;
@@ -58,7 +57,7 @@ extern "C"
     int VtxGUIButtonAdd(int dialog, int x, int y, int width, int height, const char* label,
                         GuiActionCallback_pf callback)
     {
-        const CallContext call(Application::instance(), Call::GuiButtonAdd);
+        const CallContext call(Call::GuiButtonAdd);
         GuiNode* button = Add(call, dialog, GuiKind::Button, {x, y, width, height, true}, label);
         if (button)
             button->callbacks.action = callback;
@@ -67,13 +66,13 @@ extern "C"
 
     int VtxGUILabelAdd(int dialog, int x, int y, const char* text)
     {
-        const CallContext call(Application::instance(), Call::GuiLabelAdd);
+        const CallContext call(Call::GuiLabelAdd);
         return IdOf(Add(call, dialog, GuiKind::Label, {x, y, 0, 0, false}, text));
     }
 
     void VtxGUILabelSetText(int label, const char* text)
     {
-        const CallContext call(Application::instance(), Call::GuiLabelSetText);
+        const CallContext call(Call::GuiLabelSetText);
         GuiNode* node = Require(call, label, {GuiKind::Label});
         if (node && HasText(call, text))
             node->state.label = text;
@@ -81,13 +80,13 @@ extern "C"
 
     int VtxGUIFrameAdd(int dialog, int x, int y, int width, int height, const char* label)
     {
-        const CallContext call(Application::instance(), Call::GuiFrameAdd);
+        const CallContext call(Call::GuiFrameAdd);
         return IdOf(Add(call, dialog, GuiKind::Frame, {x, y, width, height, true}, label));
     }
 
     int VtxGUITextFieldAdd(int dialog, int x, int y, int width, int height, GuiTextCallback_pf callback)
     {
-        const CallContext call(Application::instance(), Call::GuiTextFieldAdd);
+        const CallContext call(Call::GuiTextFieldAdd);
         GuiNode* field = Add(call, dialog, GuiKind::TextField, {x, y, width, height, true}, nullptr);
         if (field)
             field->callbacks.text = callback;
@@ -98,7 +97,7 @@ extern "C"
                                GuiTextCallback_pf valueChangedCallback, GuiActionCallback_pf upCallback,
                                GuiActionCallback_pf downCallback)
     {
-        const CallContext call(Application::instance(), Call::GuiSpinTextFieldAdd);
+        const CallContext call(Call::GuiSpinTextFieldAdd);
         GuiNode* field = Add(call, dialog, GuiKind::SpinTextField, {x, y, width, height, true}, nullptr);
         if (field)
         {
@@ -111,7 +110,7 @@ extern "C"
 
     void VtxGUITextFieldSetString(int textField, const char* text)
     {
-        const CallContext call(Application::instance(), Call::GuiTextFieldSetString);
+        const CallContext call(Call::GuiTextFieldSetString);
         GuiNode* field = Require(call, textField, {GuiKind::TextField, GuiKind::SpinTextField});
         if (field && HasText(call, text))
             field->state.text = text;
@@ -119,13 +118,13 @@ extern "C"
 
     char* VtxGUITextFieldGetString(int textField)
     {
-        Application& app = Application::instance();
-        const CallContext call(app, Call::GuiTextFieldGetString);
+        const CallContext call(Call::GuiTextFieldGetString);
+        Application& app = call.app();
         const GuiNode* field = Require(call, textField, {GuiKind::TextField, GuiKind::SpinTextField});
         if (!field)
             return nullptr;
         const std::string& text = field->state.text;
-        char* copy = AllocateHostString(app, static_cast<int>(text.size()));
+        char* copy = app.strings().allocate(static_cast<int>(text.size()));
         if (copy)
             std::memcpy(copy, text.c_str(), text.size() + 1);
         return copy;
@@ -134,7 +133,7 @@ extern "C"
     int VtxGUIToggleAdd(int dialog, int x, int y, int width, int height, const char* label,
                         GuiValueCallback_pf callback)
     {
-        const CallContext call(Application::instance(), Call::GuiToggleAdd);
+        const CallContext call(Call::GuiToggleAdd);
         GuiNode* toggle = Add(call, dialog, GuiKind::Toggle, {x, y, width, height, true}, label);
         if (toggle)
             toggle->callbacks.value = callback;
@@ -143,14 +142,14 @@ extern "C"
 
     Boolean VtxGUIToggleGet(int toggle)
     {
-        const CallContext call(Application::instance(), Call::GuiToggleGet);
+        const CallContext call(Call::GuiToggleGet);
         const GuiNode* node = Require(call, toggle, {GuiKind::Toggle});
         return node && node->state.on ? TRUE : FALSE;
     }
 
     void VtxGUIToggleSet(int toggle, Boolean on)
     {
-        const CallContext call(Application::instance(), Call::GuiToggleSet);
+        const CallContext call(Call::GuiToggleSet);
         if (GuiNode* node = Require(call, toggle, {GuiKind::Toggle}))
             node->state.on = on != FALSE;
     }
@@ -159,7 +158,7 @@ extern "C"
                           const char* label2, const char* label3, const char* label4, const char* label5,
                           GuiValueCallback_pf callback)
     {
-        const CallContext call(Application::instance(), Call::GuiRadioBoxAdd);
+        const CallContext call(Call::GuiRadioBoxAdd);
         const char* const given[] = {label1, label2, label3, label4, label5};
         std::vector<std::string> labels;
         bool ended = false;
@@ -191,14 +190,14 @@ extern "C"
 
     int VtxGUIRadioBoxGetToggle(int radioBox)
     {
-        const CallContext call(Application::instance(), Call::GuiRadioBoxGetToggle);
+        const CallContext call(Call::GuiRadioBoxGetToggle);
         const GuiNode* node = Require(call, radioBox, {GuiKind::RadioBox});
         return node ? node->state.choice : 0;
     }
 
     void VtxGUIRadioBoxSetToggle(int radioBox, int position)
     {
-        const CallContext call(Application::instance(), Call::GuiRadioBoxSetToggle);
+        const CallContext call(Call::GuiRadioBoxSetToggle);
         GuiNode* node = Require(call, radioBox, {GuiKind::RadioBox});
         if (!node)
             return;
@@ -213,7 +212,7 @@ extern "C"
 
     void VtxGUISetSensitivity(int control, Boolean sensitive)
     {
-        const CallContext call(Application::instance(), Call::GuiSetSensitivity);
+        const CallContext call(Call::GuiSetSensitivity);
         GuiNode* node = Require(call, control,
                                 {GuiKind::Button, GuiKind::TextField, GuiKind::SpinTextField, GuiKind::List,
                                  GuiKind::OptionMenu, GuiKind::Toggle, GuiKind::RadioBox, GuiKind::Frame,
@@ -225,7 +224,7 @@ extern "C"
 
     void VtxGUISetToolTip(int control, const char* text)
     {
-        const CallContext call(Application::instance(), Call::GuiSetToolTip);
+        const CallContext call(Call::GuiSetToolTip);
         GuiNode* node = Require(call, control, Controls);
         if (node && HasText(call, text))
             node->state.toolTip = text;

@@ -1,6 +1,7 @@
 // VtxGUI: dialogs, up and down.
 #include "core/Application.h"
-#include "gui/AddOnCallback.h"
+#include "core/CallContext.h"
+#include "events/AddOnCallback.h"
 #include "gui/UserInterface.h"
 
 #include <VtxGUI.h>
@@ -21,8 +22,8 @@ namespace
 int CreateDialog(Call function, int parent, int width, int height, const char* title, bool modal,
                  const GuiCallbacks& callbacks)
 {
-    Application& app = Application::instance();
-    const CallContext call(app, function);
+    const CallContext call(function);
+    Application& app = call.app();
     const GuiNode* dialog =
         UserInterfaceOf(app).gui.createDialog(call, parent, width, height, title, modal, callbacks);
     return dialog ? dialog->state.id : GuiId_None;
@@ -61,28 +62,28 @@ extern "C"
 
     void VtxGUIDialogLaunch(int dialog)
     {
-        Application& app = Application::instance();
-        const CallContext call(app, Call::GuiDialogLaunch);
+        const CallContext call(Call::GuiDialogLaunch);
+        Application& app = call.app();
         GuiModel& gui = UserInterfaceOf(app).gui;
         GuiNode* node = gui.require(call, dialog, {GuiKind::Dialog});
         if (!node || !gui.launch(*node) || !node->callbacks.init)
             return;
         const GuiActionCallback_pf init = node->callbacks.init;
-        CallAddOn(app, "the init callback of dialog \"" + node->state.label + "\"", [init] { init(); });
+        CallAddOn("the init callback of dialog \"" + node->state.label + "\"", [init] { init(); });
     }
 
     void VtxGUIDialogDrop(int dialog)
     {
-        Application& app = Application::instance();
-        const CallContext call(app, Call::GuiDialogDrop);
+        const CallContext call(Call::GuiDialogDrop);
+        Application& app = call.app();
         if (GuiNode* node = UserInterfaceOf(app).gui.require(call, dialog, {GuiKind::Dialog}))
             GuiModel::drop(*node);
     }
 
     Boolean VtxGUIDialogIsUp(int dialog)
     {
-        Application& app = Application::instance();
-        const CallContext call(app, Call::GuiDialogIsUp);
+        const CallContext call(Call::GuiDialogIsUp);
+        Application& app = call.app();
         const GuiNode* node = UserInterfaceOf(app).gui.require(call, dialog, {GuiKind::Dialog});
         return node && node->state.up ? TRUE : FALSE;
     }

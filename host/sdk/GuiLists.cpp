@@ -1,5 +1,6 @@
 // VtxGUI: lists and option menus.
 #include "core/Application.h"
+#include "core/CallContext.h"
 #include "gui/ListEditing.h"
 #include "gui/UserInterface.h"
 
@@ -50,7 +51,7 @@ extern "C"
     int VtxGUIListAdd(int dialog, int x, int y, int width, int height, Boolean multiSelection,
                       GuiValueCallback_pf callback)
     {
-        const CallContext call(Application::instance(), Call::GuiListAdd);
+        const CallContext call(Call::GuiListAdd);
         GuiNode* list =
             UserInterfaceOf(call.app())
                 .gui.addControl(call, dialog, GuiKind::List, {x, y, width, height, true}, nullptr);
@@ -63,14 +64,14 @@ extern "C"
 
     int VtxGUIListGetItemCount(int list)
     {
-        const CallContext call(Application::instance(), Call::GuiListGetItemCount);
+        const CallContext call(Call::GuiListGetItemCount);
         const GuiNode* node = Require(call, list, GuiKind::List);
         return node ? static_cast<int>(node->state.items.size()) : 0;
     }
 
     void VtxGUIListAppendItem(int list, const char* item)
     {
-        const CallContext call(Application::instance(), Call::GuiListAppendItem);
+        const CallContext call(Call::GuiListAppendItem);
         GuiNode* node = Require(call, list, GuiKind::List);
         if (node && HasText(call, item))
             node->state.items.emplace_back(item);
@@ -78,7 +79,7 @@ extern "C"
 
     void VtxGUIListReplaceItem(int list, const char* item, int position)
     {
-        const CallContext call(Application::instance(), Call::GuiListReplaceItem);
+        const CallContext call(Call::GuiListReplaceItem);
         GuiNode* node = Require(call, list, GuiKind::List);
         if (node && HasText(call, item) && IsEntry(call, *node, position))
             node->state.items[static_cast<std::size_t>(position - 1)] = item;
@@ -86,7 +87,7 @@ extern "C"
 
     void VtxGUIListDeleteItemAtPos(int list, int position)
     {
-        const CallContext call(Application::instance(), Call::GuiListDeleteItemAtPos);
+        const CallContext call(Call::GuiListDeleteItemAtPos);
         GuiNode* node = Require(call, list, GuiKind::List);
         if (node && IsEntry(call, *node, position))
             vantix::host::detail::DeleteEntry(node->state, position);
@@ -94,14 +95,14 @@ extern "C"
 
     void VtxGUIListDeleteAllItems(int list)
     {
-        const CallContext call(Application::instance(), Call::GuiListDeleteAllItems);
+        const CallContext call(Call::GuiListDeleteAllItems);
         if (GuiNode* node = Require(call, list, GuiKind::List))
             vantix::host::detail::DeleteAllEntries(node->state);
     }
 
     void VtxGUIListSetSelectedItem(int list, int position)
     {
-        const CallContext call(Application::instance(), Call::GuiListSetSelectedItem);
+        const CallContext call(Call::GuiListSetSelectedItem);
         GuiNode* node = Require(call, list, GuiKind::List);
         if (node && IsEntry(call, *node, position))
             vantix::host::detail::SelectExactly(node->state, {position});
@@ -109,7 +110,7 @@ extern "C"
 
     void VtxGUIListSetSelectedItems(int list, const int* positions, int count)
     {
-        const CallContext call(Application::instance(), Call::GuiListSetSelectedItems);
+        const CallContext call(Call::GuiListSetSelectedItems);
         GuiNode* node = Require(call, list, GuiKind::List);
         if (!node)
             return;
@@ -137,8 +138,8 @@ extern "C"
 
     void VtxGUIListGetSelectedItems(int list, int** positions, int* count)
     {
-        Application& app = Application::instance();
-        const CallContext call(app, Call::GuiListGetSelectedItems);
+        const CallContext call(Call::GuiListGetSelectedItems);
+        Application& app = call.app();
         if (!positions || !count)
         {
             call.refuse("was given nowhere to put the selection");
@@ -155,7 +156,7 @@ extern "C"
 
     void VtxGUIListDeselectAllItems(int list)
     {
-        const CallContext call(Application::instance(), Call::GuiListDeselectAllItems);
+        const CallContext call(Call::GuiListDeselectAllItems);
         if (GuiNode* node = Require(call, list, GuiKind::List))
             node->state.selected.clear();
     }
@@ -163,7 +164,7 @@ extern "C"
     int VtxGUIOptionMenuAdd(int dialog, int x, int y, int width, int height, const char* itemText,
                             GuiValueCallback_pf callback)
     {
-        const CallContext call(Application::instance(), Call::GuiOptionMenuAdd);
+        const CallContext call(Call::GuiOptionMenuAdd);
         GuiNode* menu =
             UserInterfaceOf(call.app())
                 .gui.addControl(call, dialog, GuiKind::OptionMenu, {x, y, width, height, true}, nullptr);
@@ -177,7 +178,7 @@ extern "C"
 
     void VtxGUIOptionMenuAppendItem(int optionMenu, const char* item)
     {
-        const CallContext call(Application::instance(), Call::GuiOptionMenuAppendItem);
+        const CallContext call(Call::GuiOptionMenuAppendItem);
         GuiNode* node = Require(call, optionMenu, GuiKind::OptionMenu);
         if (node && HasText(call, item))
             vantix::host::detail::AppendOption(node->state, item);
@@ -185,21 +186,21 @@ extern "C"
 
     void VtxGUIOptionMenuDeleteAllItems(int optionMenu)
     {
-        const CallContext call(Application::instance(), Call::GuiOptionMenuDeleteAllItems);
+        const CallContext call(Call::GuiOptionMenuDeleteAllItems);
         if (GuiNode* node = Require(call, optionMenu, GuiKind::OptionMenu))
             vantix::host::detail::DeleteAllEntries(node->state);
     }
 
     int VtxGUIOptionMenuGet(int optionMenu)
     {
-        const CallContext call(Application::instance(), Call::GuiOptionMenuGet);
+        const CallContext call(Call::GuiOptionMenuGet);
         const GuiNode* node = Require(call, optionMenu, GuiKind::OptionMenu);
         return node ? node->state.choice : 0;
     }
 
     void VtxGUIOptionMenuSet(int optionMenu, int position)
     {
-        const CallContext call(Application::instance(), Call::GuiOptionMenuSet);
+        const CallContext call(Call::GuiOptionMenuSet);
         GuiNode* node = Require(call, optionMenu, GuiKind::OptionMenu);
         if (node && IsEntry(call, *node, position))
             node->state.choice = position;

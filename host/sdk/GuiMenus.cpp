@@ -1,10 +1,10 @@
 // VtxGUI: a dialog's menu bar, menus and entries; and the options add-ons add to the host's own menus.
 #include "core/Application.h"
+#include "core/CallContext.h"
 #include "gui/UserInterface.h"
 
 #include <VtxGUI.h>
 
-using vantix::host::detail::Application;
 using vantix::host::detail::Call;
 using vantix::host::detail::CallContext;
 using vantix::host::detail::GuiKind;
@@ -28,7 +28,7 @@ int IdOf(const GuiNode* node)
 int AddEntry(Call function, int menu, GuiKind kind, const char* label, const char* helpText,
              GuiActionCallback_pf callback)
 {
-    const CallContext call(Application::instance(), function);
+    const CallContext call(function);
     if (kind != GuiKind::MenuSeparator && !label)
     {
         call.refuse("was given no label (null)");
@@ -47,13 +47,13 @@ extern "C"
 
     int VtxGUIMenuBarAdd(int dialog)
     {
-        const CallContext call(Application::instance(), Call::GuiMenuBarAdd);
+        const CallContext call(Call::GuiMenuBarAdd);
         return IdOf(Gui(call).addMenuBar(call, dialog));
     }
 
     int VtxGUIMenuAdd(int parent, const char* label)
     {
-        const CallContext call(Application::instance(), Call::GuiMenuAdd);
+        const CallContext call(Call::GuiMenuAdd);
         if (!label)
         {
             call.refuse("was given no label (null)");
@@ -79,7 +79,7 @@ extern "C"
 
     void VtxGUIMenuSetToggle(int menuToggle, Boolean on)
     {
-        const CallContext call(Application::instance(), Call::GuiMenuSetToggle);
+        const CallContext call(Call::GuiMenuSetToggle);
         if (GuiNode* toggle = Gui(call).require(call, menuToggle, {GuiKind::MenuToggle}))
             toggle->state.on = on != FALSE;
     }
@@ -87,7 +87,7 @@ extern "C"
     Boolean VtxUtilMenuAddOption(const char* menuPath, const char* label, Boolean sensitive,
                                  MenuOptionCallback_pf callback)
     {
-        const CallContext call(Application::instance(), Call::MenuAddOption);
+        const CallContext call(Call::MenuAddOption);
         return UserInterfaceOf(call.app()).hostMenus.add(call, menuPath, label, sensitive != FALSE, callback)
                    ? TRUE
                    : FALSE;
@@ -95,7 +95,7 @@ extern "C"
 
     Boolean VtxUtilMenuSetSensitivity(const char* menuPath, const char* label, Boolean sensitive)
     {
-        const CallContext call(Application::instance(), Call::MenuSetSensitivity);
+        const CallContext call(Call::MenuSetSensitivity);
         return UserInterfaceOf(call.app()).hostMenus.setSensitivity(call, menuPath, label, sensitive != FALSE)
                    ? TRUE
                    : FALSE;

@@ -1,5 +1,7 @@
 // The journal of the active frame's data set.
 #include "core/Application.h"
+#include "core/CallContext.h"
+#include "events/ProtocolErrors.h"
 #include "scene/DataSet.h"
 
 #include <vantix/host/Host.h>
@@ -10,13 +12,15 @@
 using vantix::host::detail::Application;
 using vantix::host::detail::Call;
 using vantix::host::detail::DataSet;
+using vantix::host::detail::Enter;
+using vantix::host::detail::ReportProtocolError;
 
 namespace
 {
 
 DataSet* JournalDataSet(Application& app)
 {
-    auto* frame = app.activeFrame();
+    auto* frame = app.page().activeFrame();
     return frame && frame->dataSet && frame->dataSet->journalValid ? frame->dataSet.get() : nullptr;
 }
 
@@ -27,20 +31,18 @@ extern "C"
 
     Boolean VtxUtilDataSetJournalIsValid(void)
     {
-        Application& app = Application::instance();
-        app.note(Call::DataSetJournalIsValid);
+        Application& app = Enter(Call::DataSetJournalIsValid);
         return JournalDataSet(app) ? TRUE : FALSE;
     }
 
     Boolean VtxUtilDataSetAddJournalCommand(const char* addOnIDString, const char* instructions,
                                             const char* rawData)
     {
-        Application& app = Application::instance();
-        app.note(Call::DataSetAddJournalCommand);
+        Application& app = Enter(Call::DataSetAddJournalCommand);
         if (!addOnIDString || !*addOnIDString || !instructions)
         {
             // Without the id no add-on could ever be asked to redo the command.
-            app.reportError("VtxUtilDataSetAddJournalCommand was given no add-on id or no instructions");
+            ReportProtocolError("VtxUtilDataSetAddJournalCommand was given no add-on id or no instructions");
             return FALSE;
         }
         DataSet* dataSet = JournalDataSet(app);

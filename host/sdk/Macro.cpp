@@ -1,10 +1,11 @@
 // Add-on macro commands and host strings.
 #include "core/Application.h"
-#include "macro/HostStrings.h"
+#include "core/CallContext.h"
 #include "macro/MacroCommands.h"
 
 using vantix::host::detail::Application;
 using vantix::host::detail::Call;
+using vantix::host::detail::Enter;
 
 extern "C"
 {
@@ -12,8 +13,7 @@ extern "C"
     Boolean VtxUtilMacroAddCommandCallback(const char* addOnIDString,
                                            MacroCommandCallback_pf macroCommandCallback)
     {
-        Application& app = Application::instance();
-        app.note(Call::MacroAddCommandCallback);
+        Application& app = Enter(Call::MacroAddCommandCallback);
         if (!addOnIDString)
             return FALSE;
         try
@@ -32,16 +32,12 @@ extern "C"
     char* VtxUtilStringAlloc(int maxLength, const char* debugInfo)
     {
         (void)debugInfo;
-        Application& app = Application::instance();
-        app.note(Call::StringAlloc);
-        return vantix::host::detail::AllocateHostString(app, maxLength);
+        return Enter(Call::StringAlloc).strings().allocate(maxLength);
     }
 
     void VtxUtilStringDealloc(char** text)
     {
-        Application& app = Application::instance();
-        app.note(Call::StringDealloc);
-        vantix::host::detail::ReleaseHostString(app, text);
+        Enter(Call::StringDealloc).strings().release(text);
     }
 
 } // extern "C"

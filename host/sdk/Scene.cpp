@@ -1,5 +1,7 @@
 // The data set of the active frame: zones, their times and strands, and sets of zone numbers.
 #include "core/Application.h"
+#include "core/CallContext.h"
+#include "events/ProtocolErrors.h"
 #include "scene/DataSet.h"
 #include "scene/ZoneSet.h"
 
@@ -8,6 +10,8 @@
 using vantix::host::detail::Application;
 using vantix::host::detail::Call;
 using vantix::host::detail::DataSet;
+using vantix::host::detail::Enter;
+using vantix::host::detail::ReportProtocolError;
 using vantix::host::detail::SetRegistry;
 using vantix::host::detail::Zone;
 
@@ -16,15 +20,13 @@ namespace
 
 const DataSet* ActiveDataSet(Application& app)
 {
-    const auto* frame = app.activeFrame();
+    const auto* frame = app.page().activeFrame();
     return frame ? frame->dataSet.get() : nullptr;
 }
 
 SetRegistry& Sets(Application& app)
 {
-    if (!app.m_sets)
-        app.m_sets = std::make_shared<SetRegistry>();
-    return *app.m_sets;
+    return vantix::host::detail::ZoneSetsOf(app);
 }
 
 // The zone asked about, or null after reporting the protocol error of asking for one that is not there.
@@ -33,9 +35,9 @@ const Zone* ZoneAskedFor(Application& app, EntIndex_t zone, const char* function
     const DataSet* dataSet = ActiveDataSet(app);
     if (dataSet && dataSet->isZone(zone))
         return &dataSet->zone(zone);
-    app.reportError(std::string(function) + " was asked for zone " + std::to_string(zone) + ", but " +
-                    (dataSet ? "the data set has zones 1 to " + std::to_string(dataSet->zoneCount())
-                             : std::string("the active frame has no data set")));
+    ReportProtocolError(std::string(function) + " was asked for zone " + std::to_string(zone) + ", but " +
+                        (dataSet ? "the data set has zones 1 to " + std::to_string(dataSet->zoneCount())
+                                 : std::string("the active frame has no data set")));
     return nullptr;
 }
 
@@ -46,25 +48,23 @@ extern "C"
 
     Boolean VtxUtilDataSetIsAvailable(void)
     {
-        Application& app = Application::instance();
-        app.note(Call::DataSetIsAvailable);
+        Application& app = Enter(Call::DataSetIsAvailable);
         return ActiveDataSet(app) ? TRUE : FALSE;
     }
 
     Boolean VtxUtilZoneGetEnabled(Set_pa* enabledZones)
     {
-        Application& app = Application::instance();
-        app.note(Call::ZoneGetEnabled);
+        Application& app = Enter(Call::ZoneGetEnabled);
         if (!enabledZones)
         {
-            app.reportError("VtxUtilZoneGetEnabled was given no place for the set");
+            ReportProtocolError("VtxUtilZoneGetEnabled was given no place for the set");
             return FALSE;
         }
         const DataSet* dataSet = ActiveDataSet(app);
         if (!dataSet)
             return FALSE; // the handle stays as it was: without a data set there is no set to make
-        if (*enabledZones && app.m_sets && app.m_sets->owns(*enabledZones))
-            app.reportError(
+        if (*enabledZones && Sets(app).owns(*enabledZones))
+            ReportProtocolError(
                 "VtxUtilZoneGetEnabled was given a handle that already holds a set; that set leaks");
         Set_s* set = Sets(app).make();
         for (int zone = 1; zone <= dataSet->zoneCount(); ++zone)
@@ -76,13 +76,12 @@ extern "C"
 
     LgIndex_t VtxUtilSetGetNextMember(Set_pa set, LgIndex_t member)
     {
-        Application& app = Application::instance();
-        app.note(Call::SetGetNextMember);
+        Application& app = Enter(Call::SetGetNextMember);
         if (!set)
             return 0;
-        if (!app.m_sets || !app.m_sets->owns(set))
+        if (!Sets(app).owns(set))
         {
-            app.reportError("VtxUtilSetGetNextMember was given a set the host does not hold");
+            ReportProtocolError("VtxUtilSetGetNextMember was given a set the host does not hold");
             return 0;
         }
         return set->nextMember(member);
@@ -90,27 +89,24 @@ extern "C"
 
     void VtxUtilSetDealloc(Set_pa* set)
     {
-        Application& app = Application::instance();
-        app.note(Call::SetDealloc);
+        Application& app = Enter(Call::SetDealloc);
         if (!set || !*set)
             return;
-        if (!app.m_sets || !app.m_sets->release(*set))
-            app.reportError("VtxUtilSetDealloc was given a set the host does not hold (released twice?)");
+        if (!Sets(app).release(*set))
+            ReportProtocolError("VtxUtilSetDealloc was given a set the host does not hold (released twice?)");
         *set = nullptr;
     }
 
     double VtxUtilZoneGetSolutionTime(EntIndex_t zone)
     {
-        Application& app = Application::instance();
-        app.note(Call::ZoneGetSolutionTime);
+        Application& app = Enter(Call::ZoneGetSolutionTime);
         const Zone* found = ZoneAskedFor(app, zone, "VtxUtilZoneGetSolutionTime");
         return found ? found->solutionTime : 0.0;
     }
 
     EntIndex_t VtxUtilZoneGetStrandID(EntIndex_t zone)
     {
-        Application& app = Application::instance();
-        app.note(Call::ZoneGetStrandID);
+        Application& app = Enter(Call::ZoneGetStrandID);
         const Zone* found = ZoneAskedFor(app, zone, "VtxUtilZoneGetStrandID");
         return found ? found->strandId : 0;
     }

@@ -1,13 +1,12 @@
 // Argument lists, and the state-change callbacks registered with them.
 #include "core/Application.h"
-#include "gui/UserInterface.h"
+#include "core/CallContext.h"
+#include "events/HostEvents.h"
 
 #include <variant>
 
-using vantix::host::detail::Application;
 using vantix::host::detail::Call;
 using vantix::host::detail::CallContext;
-using vantix::host::detail::UserInterfaceOf;
 
 namespace
 {
@@ -83,37 +82,36 @@ extern "C"
 
     ArgList_pa VtxUtilArgListAlloc(void)
     {
-        const CallContext call(Application::instance(), Call::ArgListAlloc);
-        return UserInterfaceOf(call.app()).argLists.allocate();
+        const CallContext call(Call::ArgListAlloc);
+        return call.app().argLists().allocate();
     }
 
     Boolean VtxUtilArgListAppendInt(ArgList_pa argList, const char* name, LgIndex_t value)
     {
-        const CallContext call(Application::instance(), Call::ArgListAppendInt);
-        return UserInterfaceOf(call.app()).argLists.append(call, argList, name, value) ? TRUE : FALSE;
+        const CallContext call(Call::ArgListAppendInt);
+        return call.app().argLists().append(call, argList, name, value) ? TRUE : FALSE;
     }
 
     Boolean VtxUtilArgListAppendFunction(ArgList_pa argList, const char* name, const void* function)
     {
-        const CallContext call(Application::instance(), Call::ArgListAppendFunction);
-        return UserInterfaceOf(call.app()).argLists.append(call, argList, name, function) ? TRUE : FALSE;
+        const CallContext call(Call::ArgListAppendFunction);
+        return call.app().argLists().append(call, argList, name, function) ? TRUE : FALSE;
     }
 
     void VtxUtilArgListDealloc(ArgList_pa* argList)
     {
-        const CallContext call(Application::instance(), Call::ArgListDealloc);
-        UserInterfaceOf(call.app()).argLists.release(call, argList);
+        const CallContext call(Call::ArgListDealloc);
+        call.app().argLists().release(call, argList);
     }
 
     Boolean VtxUtilStateChangeAddCallbackX(ArgList_pa argList)
     {
-        const CallContext call(Application::instance(), Call::StateChangeAddCallbackX);
-        auto& ui = UserInterfaceOf(call.app());
-        const ArgList_s* list = ui.argLists.require(call, argList);
+        const CallContext call(Call::StateChangeAddCallbackX);
+        const ArgList_s* list = call.app().argLists().require(call, argList);
         if (!list)
             return FALSE;
         const StateChangeCallback_pf callback = RegisteredCallback(call, *list);
-        return callback && ui.stateChanges.addCallback(callback) ? TRUE : FALSE;
+        return callback && vantix::host::detail::Events().stateChanges.addCallback(callback) ? TRUE : FALSE;
     }
 
 } // extern "C"

@@ -1,5 +1,4 @@
 #include "core/Application.h"
-#include "gui/UserInterface.h"
 
 #include <vantix/toolbox/ArgList.h>
 
@@ -11,18 +10,17 @@ namespace
 
 using host::detail::Application;
 using host::detail::CallContext;
-using host::detail::UserInterfaceOf;
 
 } // namespace
 
-ArgList::ArgList() : m_list(UserInterfaceOf(Application::instance()).argLists.allocate()) {}
+ArgList::ArgList() : m_list(Application::instance().argLists().allocate()) {}
 
 ArgList::~ArgList()
 {
     try
     {
-        const CallContext call(Application::instance(), "vantix::toolbox::ArgList::~ArgList");
-        UserInterfaceOf(call.app()).argLists.release(call, &m_list);
+        const CallContext call("vantix::toolbox::ArgList::~ArgList");
+        call.app().argLists().release(call, &m_list);
     }
     catch (...)
     {
@@ -32,14 +30,14 @@ ArgList::~ArgList()
 
 bool ArgList::appendInt(const char* name, LgIndex_t value)
 {
-    const CallContext call(Application::instance(), "vantix::toolbox::ArgList::appendInt");
-    return UserInterfaceOf(call.app()).argLists.append(call, m_list, name, value);
+    const CallContext call("vantix::toolbox::ArgList::appendInt");
+    return call.app().argLists().append(call, m_list, name, value);
 }
 
 bool ArgList::appendFunction(const char* name, const void* function)
 {
-    const CallContext call(Application::instance(), "vantix::toolbox::ArgList::appendFunction");
-    return UserInterfaceOf(call.app()).argLists.append(call, m_list, name, function);
+    const CallContext call("vantix::toolbox::ArgList::appendFunction");
+    return call.app().argLists().append(call, m_list, name, function);
 }
 
 } // namespace vantix::toolbox

@@ -1,6 +1,6 @@
-#include "core/Application.h"
-#include "gui/AddOnCallback.h"
-#include "gui/UserInterface.h"
+#include "events/AddOnCallback.h"
+#include "events/HostEvents.h"
+#include "events/ProtocolErrors.h"
 
 #include <vantix/toolbox/StateChangeEventInterface.h>
 #include <vantix/toolbox/StateChangeListenerInterface.h>
@@ -16,7 +16,8 @@ namespace vantix::toolbox
 namespace
 {
 
-using host::detail::Application;
+using host::detail::HostEvents;
+using host::detail::ReportProtocolError;
 
 class Event : public StateChangeEventInterface
 {
@@ -50,8 +51,7 @@ public:
             if (std::find(m_listeners.begin(), m_listeners.end(), listener) == m_listeners.end())
                 continue; // removed by an earlier listener
             StateChangeNotifier& notifier = *m_owner;
-            host::detail::CallAddOn(Application::instance(), "a state-change listener",
-                                    [listener, &event, &notifier]
+            host::detail::CallAddOn("a state-change listener", [listener, &event, &notifier]
                                     { listener->stateChanged(event, notifier); });
         }
     }
@@ -76,9 +76,9 @@ public:
         m_listeners.clear();
     }
 
-    // The host's user interface, while the delivery is registered with it; it may end before a notifier
-    // that lives in a static object.
-    std::weak_ptr<host::detail::UserInterface> m_userInterface;
+    // The host's events, while the delivery is registered with them; they may end before a notifier that
+    // lives in a static object.
+    std::weak_ptr<HostEvents> m_events;
 
 private:
     StateChangeNotifier* m_owner;                           // not owned; null once the notifier is destroyed
@@ -88,31 +88,29 @@ private:
 StateChangeNotifier::StateChangeNotifier(StateChangeMode_e mode)
     : m_delivery(std::make_shared<Delivery>(*this))
 {
-    Application& app = Application::instance();
     if (mode != StateChangeMode_Immediate)
     {
-        app.reportError("vantix::toolbox::StateChangeNotifier was given the state-change mode " +
-                        std::to_string(mode) + "; the host offers 2");
+        ReportProtocolError("vantix::toolbox::StateChangeNotifier was given the state-change mode " +
+                            std::to_string(mode) + "; the host offers 2");
         return;
     }
-    const std::shared_ptr<host::detail::UserInterface> ui = host::detail::SharedUserInterface(app);
-    ui->stateChanges.addSink(m_delivery.get());
-    m_delivery->m_userInterface = ui;
+    const std::shared_ptr<HostEvents>& events = host::detail::SharedHostEvents();
+    events->stateChanges.addSink(m_delivery.get());
+    m_delivery->m_events = events;
 }
 
 StateChangeNotifier::~StateChangeNotifier()
 {
     m_delivery->detach();
-    if (const std::shared_ptr<host::detail::UserInterface> ui = m_delivery->m_userInterface.lock())
-        ui->stateChanges.removeSink(m_delivery.get());
+    if (const std::shared_ptr<HostEvents> events = m_delivery->m_events.lock())
+        events->stateChanges.removeSink(m_delivery.get());
 }
 
 void StateChangeNotifier::addListener(StateChangeListenerInterface* listener)
 {
     if (!listener)
     {
-        Application::instance().reportError(
-            "vantix::toolbox::StateChangeNotifier::addListener was given no listener");
+        ReportProtocolError("vantix::toolbox::StateChangeNotifier::addListener was given no listener");
         return;
     }
     m_delivery->add(listener);

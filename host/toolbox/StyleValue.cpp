@@ -41,7 +41,7 @@ SetValueReturnCode_e Write(const void* setting, StyleKind kind, const StyleData&
     if (objectSet || !OffsetsAreWhole(offset1, offset2))
         return SetValueReturnCode_ContextError;
     StyleNode* node = const_cast<StyleNode*>(NodeOf(setting));
-    Application::instance().noteStyleWrite(node->path());
+    Application::instance().calls().noteStyleWrite(node->path());
     return host::detail::WriteSetting(node->setting(), kind, data, assignOp);
 }
 
@@ -52,7 +52,7 @@ StyleValue::StyleValue(const char* name1, const char* name2, const char* name3, 
 {
     const char* const names[] = {name1, name2, name3, name4, name5, name6, name7};
     if (name1)
-        m_base = Application::instance().m_style.findBelow(nullptr, names, 7);
+        m_base = Application::instance().style().findBelow(nullptr, names, 7);
 }
 
 StyleValue::StyleValue(const StringList& names)
@@ -61,7 +61,7 @@ StyleValue::StyleValue(const StringList& names)
     for (std::size_t i = 0; i < names.count(); ++i)
         path.push_back(names.get(i));
     if (!path.empty())
-        m_base = Application::instance().m_style.findBelow(nullptr, path.data(), path.size());
+        m_base = Application::instance().style().findBelow(nullptr, path.data(), path.size());
 }
 
 StyleValue::MacroIDs StyleValue::initMacroIDsfromStyleValueNames(const char* name1, const char* name2,
@@ -72,7 +72,7 @@ StyleValue::MacroIDs StyleValue::initMacroIDsfromStyleValueNames(const char* nam
     if (!m_base)
         return ids;
     const char* const names[] = {name1, name2, name3, name4, name5, name6};
-    const StyleNode* node = Application::instance().m_style.findBelow(NodeOf(m_base), names, 6);
+    const StyleNode* node = Application::instance().style().findBelow(NodeOf(m_base), names, 6);
     if (node && node->isSetting())
         ids.m_setting = node;
     return ids;

@@ -9,6 +9,7 @@
 
 #include <VtxUtil.h>
 #include <vantix/host/Host.h>
+#include <vantix/host/Export.h>
 #include <vantix/host/Render.h>
 #include <vantix/host/Scene.h>
 

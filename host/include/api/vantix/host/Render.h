@@ -1,8 +1,9 @@
-// The host's own API for pictures: drawing regions of the page offscreen, what the "screen" shows after a
-// redraw, and PNG files.
+// The host's own API for pictures: drawing regions of the page offscreen, and what the "screen" shows after
+// a redraw.
 #pragma once
 
 #include <VtxUtil.h>
+#include <vantix/host/Image.h>
 
 #include <array>
 #include <cstdint>
@@ -11,18 +12,6 @@
 
 namespace vantix::host
 {
-
-// An RGB picture with 8 bits a channel, rows from the top down, no padding between rows.
-struct Image
-{
-    int width = 0;
-    int height = 0;
-    std::vector<std::uint8_t> rgb; // width * height * 3 bytes
-
-    bool empty() const { return width <= 0 || height <= 0; }
-    // The pixel at column x and row y (from the top left corner); {0, 0, 0} outside the picture.
-    std::array<int, 3> pixel(int x, int y) const;
-};
 
 // The size of a region of the page in screen pixels (paper inches times the pixels per inch); {0, 0} when
 // the region has no frame (the active frame or all frames of an empty page).
@@ -49,10 +38,5 @@ Image screenImage();
 // The OpenGL implementation drawing the pictures, e.g. "llvmpipe (LLVM 15.0.6, 256 bits), OpenGL 4.5 (Core
 // Profile) Mesa 22.3.6". Makes the renderer when there is none yet.
 std::string rendererDescription();
-
-// PNG files of images: writePng throws std::runtime_error "cannot write PNG file '<path>': <reason>";
-// readPng reads 8-bit grey, RGB and RGBA files and throws "cannot read PNG file '<path>': <reason>".
-void writePng(const Image& image, const std::string& path);
-Image readPng(const std::string& path);
 
 } // namespace vantix::host

@@ -1,6 +1,6 @@
-#include "gui/StateChangeHub.h"
+#include "events/StateChangeHub.h"
 
-#include "gui/AddOnCallback.h"
+#include "events/AddOnCallback.h"
 
 #include <algorithm>
 
@@ -20,7 +20,7 @@ void StateChangeHub::removeSink(StateChangeSink* sink)
     m_sinks.erase(std::remove(m_sinks.begin(), m_sinks.end(), sink), m_sinks.end());
 }
 
-void StateChangeHub::raise(Application& app, StateChange_e change)
+void StateChangeHub::raise(StateChange_e change)
 {
     m_raised.push_back(change);
     // Callbacks are only ever added, so counting up to the number there now serves exactly those.
@@ -28,12 +28,12 @@ void StateChangeHub::raise(Application& app, StateChange_e change)
     for (std::size_t i = 0; i < callbacks; ++i)
     {
         const StateChangeCallback_pf callback = m_callbacks[i];
-        CallAddOn(app, "a state-change callback", [callback, change] { callback(change); });
+        CallAddOn("a state-change callback", [callback, change] { callback(change); });
     }
     const std::vector<StateChangeSink*> sinks = m_sinks;
     for (StateChangeSink* sink : sinks)
         if (std::find(m_sinks.begin(), m_sinks.end(), sink) != m_sinks.end())
-            CallAddOn(app, "a state-change listener", [sink, change] { sink->deliver(change); });
+            CallAddOn("a state-change listener", [sink, change] { sink->deliver(change); });
 }
 
 std::size_t StateChangeHub::listenerCount() const

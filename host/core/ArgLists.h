@@ -2,8 +2,8 @@
 // (VtxUtilStateChangeAddCallbackX), made with VtxUtilArgListAlloc or vantix::toolbox::ArgList.
 #pragma once
 
-#include "gui/CallContext.h"
-#include "gui/Handouts.h"
+#include "core/CallContext.h"
+#include "core/Handouts.h"
 
 #include <VtxUtil.h>
 

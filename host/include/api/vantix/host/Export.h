@@ -1,6 +1,8 @@
-// The host's own API for export: the text form of the "ExportSetup" values used by macros, and still
-// images.
+// The host's own API for export: the text form of the "ExportSetup" values used by macros, still images,
+// and the files of pictures and movies the host writes.
 #pragma once
+
+#include <vantix/host/Image.h>
 
 #include <cstdint>
 #include <string>
@@ -34,5 +36,11 @@ struct RasterMetafileContents
     std::vector<std::vector<std::uint8_t>> frames;
 };
 RasterMetafileContents readRasterMetafile(const std::string& path);
+
+// PNG files of pictures, through the same image codec as the export's still images. writePng throws
+// std::runtime_error "cannot write PNG file '<path>': <reason>"; readPng reads 8 and 16-bit grey, RGB,
+// palette and RGBA files (alpha is dropped) and throws "cannot read PNG file '<path>': <reason>".
+void writePng(const Image& image, const std::string& path);
+Image readPng(const std::string& path);
 
 } // namespace vantix::host

@@ -1,6 +1,6 @@
-#include "gui/OnIdleQueue.h"
+#include "events/OnIdleQueue.h"
 
-#include "gui/AddOnCallback.h"
+#include "events/AddOnCallback.h"
 
 #include <stdexcept>
 
@@ -24,7 +24,7 @@ private:
 
 } // namespace
 
-int OnIdleQueue::runOnce(Application& app)
+int OnIdleQueue::runOnce()
 {
     if (m_running)
         throw std::logic_error("the host cannot become idle while it runs its on-idle queue");
@@ -36,17 +36,17 @@ int OnIdleQueue::runOnce(Application& app)
     {
         const QueuedCall call = m_calls.front();
         m_calls.pop_front();
-        CallAddOn(app, "an on-idle callback", [&call] { call.callback(call.clientData); });
+        CallAddOn("an on-idle callback", [&call] { call.callback(call.clientData); });
         ++ran;
     }
     return ran;
 }
 
-int OnIdleQueue::runUntilEmpty(Application& app, int maxRounds)
+int OnIdleQueue::runUntilEmpty(int maxRounds)
 {
     int ran = 0;
     for (int round = 0; round < maxRounds && !m_calls.empty(); ++round)
-        ran += runOnce(app);
+        ran += runOnce();
     return ran;
 }
 

@@ -11,8 +11,6 @@
 namespace vantix::host::detail
 {
 
-class Application;
-
 // A toolbox notifier as the hub sees it.
 class StateChangeSink
 {
@@ -35,7 +33,7 @@ public:
     void removeSink(StateChangeSink* sink);
 
     // A change raised while another is delivered is delivered at once, inside that delivery.
-    void raise(Application& app, StateChange_e change);
+    void raise(StateChange_e change);
 
     const std::vector<StateChange_e>& raised() const { return m_raised; }
     void clearRaised() { m_raised.clear(); }

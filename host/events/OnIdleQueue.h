@@ -12,17 +12,15 @@
 namespace vantix::host::detail
 {
 
-class Application;
-
 class OnIdleQueue
 {
 public:
     void add(OnIdleCallback_pf callback, ArbParam_t clientData) { m_calls.push_back({callback, clientData}); }
     // One idle moment; answers how many calls ran. Throws std::logic_error when the queue is running
     // already (a call cannot make the host idle).
-    int runOnce(Application& app);
+    int runOnce();
     // Idle moments until the queue is empty or maxRounds have run; answers how many calls ran.
-    int runUntilEmpty(Application& app, int maxRounds);
+    int runUntilEmpty(int maxRounds);
     std::size_t pending() const { return m_calls.size(); }
 
 private:

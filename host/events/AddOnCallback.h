@@ -3,7 +3,7 @@
 // the fallback.
 #pragma once
 
-#include "core/Application.h"
+#include "events/ProtocolErrors.h"
 
 #include <exception>
 #include <string>
@@ -12,7 +12,7 @@ namespace vantix::host::detail
 {
 
 template <typename Result, typename Function>
-Result CallAddOn(Application& app, const std::string& what, Result fallback, Function&& function)
+Result CallAddOn(const std::string& what, Result fallback, Function&& function)
 {
     try
     {
@@ -20,19 +20,19 @@ Result CallAddOn(Application& app, const std::string& what, Result fallback, Fun
     }
     catch (const std::exception& error)
     {
-        app.reportError(what + " let an exception out: " + error.what());
+        ReportProtocolError(what + " let an exception out: " + error.what());
     }
     catch (...)
     {
-        app.reportError(what + " let an exception out");
+        ReportProtocolError(what + " let an exception out");
     }
     return fallback;
 }
 
 template <typename Function>
-void CallAddOn(Application& app, const std::string& what, Function&& function)
+void CallAddOn(const std::string& what, Function&& function)
 {
-    CallAddOn(app, what, true,
+    CallAddOn(what, true,
               [&function]
               {
                   function();

@@ -1,4 +1,4 @@
-#include "gui/ArgLists.h"
+#include "core/ArgLists.h"
 
 #include <strings.h>
 

@@ -1,0 +1,31 @@
+#include "core/CallContext.h"
+
+#include "core/Application.h"
+#include "events/ProtocolErrors.h"
+
+namespace vantix::host::detail
+{
+
+Application& Enter(Call call)
+{
+    Application& app = Application::instance();
+    app.calls().note(call);
+    return app;
+}
+
+CallContext::CallContext(Call call) : m_who(CallName(call))
+{
+    Enter(call);
+}
+
+Application& CallContext::app() const
+{
+    return Application::instance();
+}
+
+void CallContext::refuse(const std::string& why) const
+{
+    ReportProtocolError(m_who + " " + why);
+}
+
+} // namespace vantix::host::detail

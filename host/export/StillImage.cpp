@@ -1,0 +1,150 @@
+#include "export/StillImage.h"
+
+#include "export/FfmpegOwners.h"
+#include "export/FrameWriter.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+
+namespace vantix::host::detail
+{
+
+namespace
+{
+
+// The encoder of a still-image format and the picture format it takes.
+std::pair<AVCodecID, AVPixelFormat> StillEncoder(ExportFormat_e format)
+{
+    switch (format)
+    {
+    case ExportFormat_PNG:
+        return {AV_CODEC_ID_PNG, AV_PIX_FMT_RGB24};
+    case ExportFormat_BMP:
+        return {AV_CODEC_ID_BMP, AV_PIX_FMT_BGR24};
+    case ExportFormat_TIFF:
+        return {AV_CODEC_ID_TIFF, AV_PIX_FMT_RGB24};
+    case ExportFormat_JPEG:
+        return {AV_CODEC_ID_MJPEG, AV_PIX_FMT_YUVJ444P};
+    default:
+        throw ExportError("the export format is not a still-image format");
+    }
+}
+
+// Converts between picture formats of the same size, exactly where no colour conversion is needed.
+void Convert(int width, int height, AVPixelFormat from, const std::uint8_t* const* source,
+             const int* sourceStrides, AVPixelFormat to, std::uint8_t* const* target,
+             const int* targetStrides)
+{
+    const ScalerOwner scaler(
+        sws_getContext(width, height, from, width, height, to, SWS_POINT, nullptr, nullptr, nullptr));
+    if (!scaler)
+        throw ExportError("cannot convert the picture");
+    sws_scale(scaler.get(), source, sourceStrides, 0, height, target, targetStrides);
+}
+
+// A picture larger than any the host draws is refused rather than converted.
+constexpr long LargestPictureArea = 100L * 1000 * 1000;
+
+} // namespace
+
+std::vector<std::uint8_t> EncodeStillImage(ExportFormat_e format, const Image& image)
+{
+    if (image.empty() || image.rgb.size() != static_cast<std::size_t>(image.width) * image.height * 3)
+        throw ExportError("the image is empty or its pixels do not match its size");
+    const auto [codecId, pixelFormat] = StillEncoder(format);
+    const AVCodec* codec = avcodec_find_encoder(codecId);
+    if (!codec)
+        throw ExportError("this host has no encoder for the image format");
+    const CodecContextOwner context(avcodec_alloc_context3(codec));
+    const FrameOwner frame(av_frame_alloc());
+    const PacketOwner packet(av_packet_alloc());
+    if (!context || !frame || !packet)
+        throw ExportError("not enough memory to export");
+    context->width = image.width;
+    context->height = image.height;
+    context->pix_fmt = pixelFormat;
+    context->time_base = AVRational{1, 1};
+    if (codecId == AV_CODEC_ID_MJPEG)
+    {
+        context->color_range = AVCOL_RANGE_JPEG;
+        context->flags |= AV_CODEC_FLAG_QSCALE;
+        context->global_quality = FF_QP2LAMBDA * 2;
+    }
+    int result = avcodec_open2(context.get(), codec, nullptr);
+    if (result < 0)
+        throw ExportError("cannot start the image encoder: " + FfmpegErrorText(result));
+
+    frame->format = pixelFormat;
+    frame->width = image.width;
+    frame->height = image.height;
+    frame->quality = context->global_quality;
+    if (av_frame_get_buffer(frame.get(), 0) < 0)
+        throw ExportError("not enough memory to export");
+    const std::uint8_t* source[] = {image.rgb.data()};
+    const int sourceStride[] = {image.width * 3};
+    Convert(image.width, image.height, AV_PIX_FMT_RGB24, source, sourceStride, pixelFormat, frame->data,
+            frame->linesize);
+
+    if ((result = avcodec_send_frame(context.get(), frame.get())) < 0 ||
+        (result = avcodec_receive_packet(context.get(), packet.get())) < 0)
+        throw ExportError("cannot encode the image: " + FfmpegErrorText(result));
+    return std::vector<std::uint8_t>(packet->data, packet->data + packet->size);
+}
+
+Image DecodePng(std::vector<std::uint8_t> bytes)
+{
+    static const std::uint8_t Signature[] = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1a, '\n'};
+    if (bytes.size() < sizeof Signature ||
+        !std::equal(std::begin(Signature), std::end(Signature), bytes.begin()))
+        throw ExportError("it is not a PNG file");
+    const AVCodec* codec = avcodec_find_decoder(AV_CODEC_ID_PNG);
+    if (!codec)
+        throw ExportError("this host has no PNG decoder");
+    const CodecContextOwner context(avcodec_alloc_context3(codec));
+    const FrameOwner frame(av_frame_alloc());
+    const PacketOwner packet(av_packet_alloc());
+    if (!context || !frame || !packet)
+        throw ExportError("not enough memory to read it");
+    int result = avcodec_open2(context.get(), codec, nullptr);
+    if (result < 0)
+        throw ExportError("cannot start the PNG decoder: " + FfmpegErrorText(result));
+
+    // The decoder reads a little beyond the data it is given, into padding that must be there.
+    const std::size_t size = bytes.size();
+    bytes.resize(size + AV_INPUT_BUFFER_PADDING_SIZE, 0);
+    packet->data = bytes.data();
+    packet->size = static_cast<int>(size);
+    if ((result = avcodec_send_packet(context.get(), packet.get())) < 0 ||
+        (result = avcodec_receive_frame(context.get(), frame.get())) < 0)
+        throw ExportError("it is damaged: " + FfmpegErrorText(result));
+    if (frame->width <= 0 || frame->height <= 0 ||
+        static_cast<long>(frame->width) * frame->height > LargestPictureArea)
+        throw ExportError("its size is not one an image can have here");
+
+    Image image;
+    image.width = frame->width;
+    image.height = frame->height;
+    image.rgb.resize(static_cast<std::size_t>(image.width) * image.height * 3);
+    std::uint8_t* target[] = {image.rgb.data()};
+    const int targetStride[] = {image.width * 3};
+    Convert(image.width, image.height, static_cast<AVPixelFormat>(frame->format), frame->data,
+            frame->linesize, AV_PIX_FMT_RGB24, target, targetStride);
+    return image;
+}
+
+void WriteWholeFile(const std::string& path, const std::vector<std::uint8_t>& bytes)
+{
+    UnfinishedFile target(path);
+    FileOwner file(std::fopen(path.c_str(), "wb"));
+    if (!file)
+        throw ExportError("cannot write " + path + ": " + std::strerror(errno));
+    target.made();
+    const bool written = std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
+    const bool closed = std::fclose(file.release()) == 0;
+    if (!written || !closed)
+        throw ExportError("cannot write " + path);
+    target.finished();
+}
+
+} // namespace vantix::host::detail
