@@ -54,9 +54,7 @@ void View3D::Trig::update(double newDegrees)
 
 View3D::View3D()
 {
-    m_psi = 60.0;
-    m_theta = -30.0;
-    m_alpha = 0.0;
+    m_angles = {60.0, -30.0, 0.0};
     m_width = 4.0;
     // Stand back along the view axis far enough to see the whole width in perspective too.
     const double distance = m_width / (2.0 * std::tan(m_fieldOfView / 2.0 * DegreesToRadians));
@@ -67,19 +65,7 @@ View3D::View3D()
 
 void View3D::setAngle(Axis axis, double degrees)
 {
-    const double wrapped = WrapAngle(degrees);
-    switch (axis)
-    {
-    case Axis::Psi:
-        m_psi = wrapped;
-        break;
-    case Axis::Theta:
-        m_theta = wrapped;
-        break;
-    case Axis::Alpha:
-        m_alpha = wrapped;
-        break;
-    }
+    m_angles[static_cast<std::size_t>(axis)] = WrapAngle(degrees);
 }
 
 void View3D::setWidth(double width)
@@ -109,18 +95,7 @@ bool View3D::setFieldOfView(double degrees)
 void View3D::rotate(Axis axis, double degrees, const Vector3& pivot)
 {
     const Matrix3 before = matrix();
-    switch (axis)
-    {
-    case Axis::Psi:
-        setAngle(axis, m_psi + degrees);
-        break;
-    case Axis::Theta:
-        setAngle(axis, m_theta + degrees);
-        break;
-    case Axis::Alpha:
-        setAngle(axis, m_alpha + degrees);
-        break;
-    }
+    setAngle(axis, angle(axis) + degrees);
     const Matrix3 after = matrix();
     const Vector3 eye = Multiply(before, Subtract(m_position, pivot));
     const Vector3 moved = MultiplyTransposed(after, eye);
@@ -129,10 +104,9 @@ void View3D::rotate(Axis axis, double degrees, const Vector3& pivot)
 
 Matrix3 View3D::matrix() const
 {
-    m_psiTrig.update(m_psi);
-    m_thetaTrig.update(m_theta);
-    m_alphaTrig.update(m_alpha);
-    return matrixFor(m_psiTrig, m_thetaTrig, m_alphaTrig);
+    for (std::size_t i = 0; i < m_trig.size(); ++i)
+        m_trig[i].update(m_angles[i]);
+    return matrixFor(m_trig[0], m_trig[1], m_trig[2]);
 }
 
 Matrix3 View3D::matrixFor(const Trig& psi, const Trig& theta, const Trig& alpha) const

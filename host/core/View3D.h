@@ -6,6 +6,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 
 namespace vantix::host::detail
 {
@@ -30,9 +31,10 @@ public:
     View3D();
 
     const Vector3& position() const { return m_position; }
-    double psi() const { return m_psi; }
-    double theta() const { return m_theta; }
-    double alpha() const { return m_alpha; }
+    double angle(Axis axis) const { return m_angles[static_cast<std::size_t>(axis)]; }
+    double psi() const { return angle(Axis::Psi); }
+    double theta() const { return angle(Axis::Theta); }
+    double alpha() const { return angle(Axis::Alpha); }
     double width() const { return m_width; }
     bool perspective() const { return m_perspective; }
     double fieldOfView() const { return m_fieldOfView; }
@@ -73,15 +75,13 @@ private:
     Matrix3 matrixFor(const Trig& psi, const Trig& theta, const Trig& alpha) const;
 
     Vector3 m_position{};
-    double m_psi = 0.0;
-    double m_theta = 0.0;
-    double m_alpha = 0.0;
+    std::array<double, 3> m_angles{}; // Psi, Theta, Alpha
     double m_width = 1.0;
     bool m_perspective = false;
     double m_fieldOfView = 30.0;
     Vector3 m_origin{};
 
-    mutable Trig m_psiTrig, m_thetaTrig, m_alphaTrig;
+    mutable std::array<Trig, 3> m_trig; // of m_angles
 };
 
 } // namespace vantix::host::detail

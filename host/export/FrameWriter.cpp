@@ -6,10 +6,24 @@
 namespace vantix::host::detail
 {
 
+FrameWriter::FrameWriter(const MovieOptions& options, std::string kind)
+    : m_file(options.path), m_width(options.width), m_height(options.height), m_kind(std::move(kind))
+{
+}
+
+void FrameWriter::write(const Image& image)
+{
+    if (image.width != m_width || image.height != m_height)
+        throw ExportError("an image of " + std::to_string(image.width) + " x " +
+                          std::to_string(image.height) + " does not fit a " + m_kind + " of " +
+                          std::to_string(m_width) + " x " + std::to_string(m_height));
+    append(image);
+}
+
 std::unique_ptr<FrameWriter> OpenFrameWriter(const MovieOptions& options)
 {
     if (options.format == ExportFormat_RasterMetafile)
-        return std::make_unique<RasterMetafileWriter>(options);
+        return OpenRasterMetafile(options);
     return std::make_unique<MovieWriter>(options);
 }
 

@@ -65,14 +65,37 @@ private:
     bool m_finished = false;
 };
 
+// Writes the frames of one export into its file. The file goes again unless the writer finishes it, so
+// that a cancelled or failed export leaves nothing behind.
 class FrameWriter
 {
 public:
     virtual ~FrameWriter() = default;
     // Appends one image of the writer's size. Throws ExportError.
-    virtual void write(const Image& image) = 0;
-    // Completes the file. Throws ExportError (the file is then removed).
-    virtual void finish() = 0;
+    void write(const Image& image);
+    // Completes the file, which stays from then on. Throws ExportError (the file is then removed).
+    void finish()
+    {
+        complete();
+        m_file.finished();
+    }
+
+protected:
+    // kind names the file in messages: "movie", "raster metafile".
+    FrameWriter(const MovieOptions& options, std::string kind);
+    const std::string& path() const { return m_file.path(); }
+    // The file exists now: from here on it goes unless the writer finishes.
+    void fileMade() { m_file.made(); }
+
+private:
+    virtual void append(const Image& image) = 0;
+    virtual void complete() = 0;
+
+    // A base's member outlives the writer's own, which close the file before it may be removed.
+    UnfinishedFile m_file;
+    int m_width;
+    int m_height;
+    std::string m_kind;
 };
 
 // Opens the file for an animation format. Throws ExportError when the file cannot be written or the

@@ -72,7 +72,7 @@ void QuietenEncoders()
 
 } // namespace
 
-MovieWriter::MovieWriter(const MovieOptions& options) : m_target(options.path)
+MovieWriter::MovieWriter(const MovieOptions& options) : FrameWriter(options, "movie")
 {
     QuietenEncoders();
     const Recipe recipe = RecipeFor(options);
@@ -129,7 +129,7 @@ MovieWriter::MovieWriter(const MovieOptions& options) : m_target(options.path)
     result = avio_open(&m_format->pb, options.path.c_str(), AVIO_FLAG_WRITE);
     if (result < 0)
         throw ExportError("cannot write " + options.path + ": " + FfmpegErrorText(result));
-    m_target.made();
+    fileMade();
     result = avformat_write_header(m_format.get(), nullptr);
     if (result < 0)
         throw ExportError("cannot write the header of " + options.path + ": " + FfmpegErrorText(result));
@@ -146,12 +146,8 @@ MovieWriter::MovieWriter(const MovieOptions& options) : m_target(options.path)
         throw ExportError("cannot convert images for the " + std::string(recipe.codec) + " encoder");
 }
 
-void MovieWriter::write(const Image& image)
+void MovieWriter::append(const Image& image)
 {
-    if (image.width != m_codec->width || image.height != m_codec->height)
-        throw ExportError("an image of " + std::to_string(image.width) + " x " +
-                          std::to_string(image.height) + " does not fit a movie of " +
-                          std::to_string(m_codec->width) + " x " + std::to_string(m_codec->height));
     if (av_frame_make_writable(m_frame.get()) < 0)
         throw ExportError("not enough memory to export");
     const std::uint8_t* source[] = {image.rgb.data()};
@@ -163,15 +159,14 @@ void MovieWriter::write(const Image& image)
     encode(m_frame.get());
 }
 
-void MovieWriter::finish()
+void MovieWriter::complete()
 {
     encode(nullptr); // drains what the encoder still holds
     int result = av_write_trailer(m_format.get());
     if (result >= 0)
         result = avio_closep(&m_format->pb);
     if (result < 0)
-        throw ExportError("cannot complete " + m_target.path() + ": " + FfmpegErrorText(result));
-    m_target.finished();
+        throw ExportError("cannot complete " + path() + ": " + FfmpegErrorText(result));
 }
 
 void MovieWriter::encode(AVFrame* frame)
@@ -188,7 +183,7 @@ void MovieWriter::encode(AVFrame* frame)
         m_packet->stream_index = m_stream->index;
         result = av_interleaved_write_frame(m_format.get(), m_packet.get());
         if (result < 0)
-            throw ExportError("cannot write to " + m_target.path() + ": " + FfmpegErrorText(result));
+            throw ExportError("cannot write to " + path() + ": " + FfmpegErrorText(result));
     }
     if (result != AVERROR(EAGAIN) && result != AVERROR_EOF)
         throw ExportError("the encoder failed: " + FfmpegErrorText(result));

@@ -14,13 +14,11 @@ class MovieWriter : public FrameWriter
 public:
     explicit MovieWriter(const MovieOptions& options);
 
-    void write(const Image& image) override;
-    void finish() override;
-
 private:
+    void append(const Image& image) override;
+    void complete() override;
     void encode(AVFrame* frame);
 
-    UnfinishedFile m_target; // outlives the format context, which closes the file
     OutputOwner m_format;
     CodecContextOwner m_codec;
     AVStream* m_stream = nullptr; // owned by m_format

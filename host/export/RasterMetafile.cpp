@@ -25,63 +25,71 @@ std::uint32_t Number(const unsigned char* bytes)
            std::uint32_t(bytes[3]) << 24;
 }
 
+class RasterMetafileWriter : public FrameWriter
+{
+public:
+    explicit RasterMetafileWriter(const MovieOptions& options)
+        : FrameWriter(options, "raster metafile"), m_file(std::fopen(options.path.c_str(), "wb"))
+    {
+        if (!m_file)
+            throw ExportError("cannot write " + path() + ": " + std::strerror(errno));
+        fileMade();
+        const AVRational rate = av_d2q(options.framesPerSecond, 65535);
+        put(Signature, sizeof Signature);
+        putNumber(std::uint32_t(options.width));
+        putNumber(std::uint32_t(options.height));
+        putNumber(std::uint32_t(rate.num));
+        putNumber(std::uint32_t(rate.den));
+        putNumber(0);
+    }
+
+private:
+    void append(const Image& image) override
+    {
+        uLongf size = compressBound(uLong(image.rgb.size()));
+        m_compressed.resize(size);
+        // The fastest level: the pictures are large and the file is only an intermediate one.
+        if (compress2(m_compressed.data(), &size, image.rgb.data(), uLong(image.rgb.size()), Z_BEST_SPEED) !=
+            Z_OK)
+            throw ExportError("cannot compress a frame for " + path());
+        putNumber(std::uint32_t(size));
+        put(m_compressed.data(), size);
+        ++m_frames;
+    }
+
+    void complete() override
+    {
+        if (std::fseek(m_file.get(), FrameCountOffset, SEEK_SET) != 0)
+            throw ExportError("cannot complete " + path() + ": " + std::strerror(errno));
+        putNumber(m_frames);
+        if (std::fclose(m_file.release()) != 0)
+            throw ExportError("cannot complete " + path() + ": " + std::strerror(errno));
+    }
+
+    void put(const void* bytes, std::size_t count)
+    {
+        if (std::fwrite(bytes, 1, count, m_file.get()) != count)
+            throw ExportError("cannot write to " + path() + ": " + std::strerror(errno));
+    }
+
+    void putNumber(std::uint32_t value)
+    {
+        const unsigned char bytes[4] = {
+            static_cast<unsigned char>(value), static_cast<unsigned char>(value >> 8),
+            static_cast<unsigned char>(value >> 16), static_cast<unsigned char>(value >> 24)};
+        put(bytes, sizeof bytes);
+    }
+
+    FileOwner m_file;
+    std::uint32_t m_frames = 0;
+    std::vector<unsigned char> m_compressed; // reused between frames
+};
+
 } // namespace
 
-RasterMetafileWriter::RasterMetafileWriter(const MovieOptions& options)
-    : m_target(options.path), m_file(std::fopen(options.path.c_str(), "wb")), m_width(options.width),
-      m_height(options.height)
+std::unique_ptr<FrameWriter> OpenRasterMetafile(const MovieOptions& options)
 {
-    if (!m_file)
-        throw ExportError("cannot write " + m_target.path() + ": " + std::strerror(errno));
-    m_target.made();
-    const AVRational rate = av_d2q(options.framesPerSecond, 65535);
-    put(Signature, sizeof Signature);
-    putNumber(std::uint32_t(m_width));
-    putNumber(std::uint32_t(m_height));
-    putNumber(std::uint32_t(rate.num));
-    putNumber(std::uint32_t(rate.den));
-    putNumber(0);
-}
-
-void RasterMetafileWriter::write(const Image& image)
-{
-    if (image.width != m_width || image.height != m_height)
-        throw ExportError("an image of " + std::to_string(image.width) + " x " +
-                          std::to_string(image.height) + " does not fit a raster metafile of " +
-                          std::to_string(m_width) + " x " + std::to_string(m_height));
-    uLongf size = compressBound(uLong(image.rgb.size()));
-    m_compressed.resize(size);
-    // The fastest level: the pictures are large and the file is only an intermediate one.
-    if (compress2(m_compressed.data(), &size, image.rgb.data(), uLong(image.rgb.size()), Z_BEST_SPEED) !=
-        Z_OK)
-        throw ExportError("cannot compress a frame for " + m_target.path());
-    putNumber(std::uint32_t(size));
-    put(m_compressed.data(), size);
-    ++m_frames;
-}
-
-void RasterMetafileWriter::finish()
-{
-    if (std::fseek(m_file.get(), FrameCountOffset, SEEK_SET) != 0)
-        throw ExportError("cannot complete " + m_target.path() + ": " + std::strerror(errno));
-    putNumber(m_frames);
-    if (std::fclose(m_file.release()) != 0)
-        throw ExportError("cannot complete " + m_target.path() + ": " + std::strerror(errno));
-    m_target.finished();
-}
-
-void RasterMetafileWriter::put(const void* bytes, std::size_t count)
-{
-    if (std::fwrite(bytes, 1, count, m_file.get()) != count)
-        throw ExportError("cannot write to " + m_target.path() + ": " + std::strerror(errno));
-}
-
-void RasterMetafileWriter::putNumber(std::uint32_t value)
-{
-    const unsigned char bytes[4] = {static_cast<unsigned char>(value), static_cast<unsigned char>(value >> 8),
-                                    static_cast<unsigned char>(value >> 16),
-                                    static_cast<unsigned char>(value >> 24)};
-    put(bytes, sizeof bytes);
+    return std::make_unique<RasterMetafileWriter>(options);
 }
 
 RasterMetafile ReadRasterMetafile(const std::string& path)

@@ -12,32 +12,15 @@
 #include "export/FrameWriter.h"
 
 #include <cstdint>
-#include <cstdio>
+#include <memory>
 #include <string>
 #include <vector>
 
 namespace vantix::host::detail
 {
 
-class RasterMetafileWriter : public FrameWriter
-{
-public:
-    explicit RasterMetafileWriter(const MovieOptions& options);
-
-    void write(const Image& image) override;
-    void finish() override;
-
-private:
-    void put(const void* bytes, std::size_t count);
-    void putNumber(std::uint32_t value);
-
-    UnfinishedFile m_target; // outlives the file's owner, which closes it
-    FileOwner m_file;
-    int m_width = 0;
-    int m_height = 0;
-    std::uint32_t m_frames = 0;
-    std::vector<unsigned char> m_compressed; // reused between frames
-};
+// Opens a raster metafile for writing. Throws ExportError when it cannot be written.
+std::unique_ptr<FrameWriter> OpenRasterMetafile(const MovieOptions& options);
 
 struct RasterMetafile
 {

@@ -43,6 +43,29 @@ void Convert(int width, int height, AVPixelFormat from, const std::uint8_t* cons
     sws_scale(scaler.get(), source, sourceStrides, 0, height, target, targetStrides);
 }
 
+// A codec of one picture, with the frame and the packet that pass through it.
+struct PictureCodec
+{
+    explicit PictureCodec(const AVCodec* codec)
+        : context(avcodec_alloc_context3(codec)), frame(av_frame_alloc()), packet(av_packet_alloc())
+    {
+        if (!context || !frame || !packet)
+            throw ExportError("not enough memory for the picture");
+    }
+
+    void open(const AVCodec* codec) const
+    {
+        const int result = avcodec_open2(context.get(), codec, nullptr);
+        if (result < 0)
+            throw ExportError(std::string("cannot start the ") + codec->name +
+                              " codec: " + FfmpegErrorText(result));
+    }
+
+    CodecContextOwner context;
+    FrameOwner frame;
+    PacketOwner packet;
+};
+
 // A picture larger than any the host draws is refused rather than converted.
 constexpr long LargestPictureArea = 100L * 1000 * 1000;
 
@@ -56,11 +79,9 @@ std::vector<std::uint8_t> EncodeStillImage(ExportFormat_e format, const Image& i
     const AVCodec* codec = avcodec_find_encoder(codecId);
     if (!codec)
         throw ExportError("this host has no encoder for the image format");
-    const CodecContextOwner context(avcodec_alloc_context3(codec));
-    const FrameOwner frame(av_frame_alloc());
-    const PacketOwner packet(av_packet_alloc());
-    if (!context || !frame || !packet)
-        throw ExportError("not enough memory to export");
+    const PictureCodec coder(codec);
+    AVCodecContext* context = coder.context.get();
+    AVFrame* frame = coder.frame.get();
     context->width = image.width;
     context->height = image.height;
     context->pix_fmt = pixelFormat;
@@ -71,23 +92,23 @@ std::vector<std::uint8_t> EncodeStillImage(ExportFormat_e format, const Image& i
         context->flags |= AV_CODEC_FLAG_QSCALE;
         context->global_quality = FF_QP2LAMBDA * 2;
     }
-    int result = avcodec_open2(context.get(), codec, nullptr);
-    if (result < 0)
-        throw ExportError("cannot start the image encoder: " + FfmpegErrorText(result));
+    coder.open(codec);
 
     frame->format = pixelFormat;
     frame->width = image.width;
     frame->height = image.height;
     frame->quality = context->global_quality;
-    if (av_frame_get_buffer(frame.get(), 0) < 0)
+    if (av_frame_get_buffer(frame, 0) < 0)
         throw ExportError("not enough memory to export");
     const std::uint8_t* source[] = {image.rgb.data()};
     const int sourceStride[] = {image.width * 3};
     Convert(image.width, image.height, AV_PIX_FMT_RGB24, source, sourceStride, pixelFormat, frame->data,
             frame->linesize);
 
-    if ((result = avcodec_send_frame(context.get(), frame.get())) < 0 ||
-        (result = avcodec_receive_packet(context.get(), packet.get())) < 0)
+    const AVPacket* packet = coder.packet.get();
+    int result = 0;
+    if ((result = avcodec_send_frame(context, frame)) < 0 ||
+        (result = avcodec_receive_packet(context, coder.packet.get())) < 0)
         throw ExportError("cannot encode the image: " + FfmpegErrorText(result));
     return std::vector<std::uint8_t>(packet->data, packet->data + packet->size);
 }
@@ -101,22 +122,18 @@ Image DecodePng(std::vector<std::uint8_t> bytes)
     const AVCodec* codec = avcodec_find_decoder(AV_CODEC_ID_PNG);
     if (!codec)
         throw ExportError("this host has no PNG decoder");
-    const CodecContextOwner context(avcodec_alloc_context3(codec));
-    const FrameOwner frame(av_frame_alloc());
-    const PacketOwner packet(av_packet_alloc());
-    if (!context || !frame || !packet)
-        throw ExportError("not enough memory to read it");
-    int result = avcodec_open2(context.get(), codec, nullptr);
-    if (result < 0)
-        throw ExportError("cannot start the PNG decoder: " + FfmpegErrorText(result));
+    const PictureCodec decoder(codec);
+    decoder.open(codec);
+    const AVFrame* frame = decoder.frame.get();
 
     // The decoder reads a little beyond the data it is given, into padding that must be there.
     const std::size_t size = bytes.size();
     bytes.resize(size + AV_INPUT_BUFFER_PADDING_SIZE, 0);
-    packet->data = bytes.data();
-    packet->size = static_cast<int>(size);
-    if ((result = avcodec_send_packet(context.get(), packet.get())) < 0 ||
-        (result = avcodec_receive_frame(context.get(), frame.get())) < 0)
+    decoder.packet->data = bytes.data();
+    decoder.packet->size = static_cast<int>(size);
+    int result = 0;
+    if ((result = avcodec_send_packet(decoder.context.get(), decoder.packet.get())) < 0 ||
+        (result = avcodec_receive_frame(decoder.context.get(), decoder.frame.get())) < 0)
         throw ExportError("it is damaged: " + FfmpegErrorText(result));
     if (frame->width <= 0 || frame->height <= 0 ||
         static_cast<long>(frame->width) * frame->height > LargestPictureArea)

@@ -6,7 +6,7 @@
 #include "core/KeyFrame.h"
 #include "core/KeyFrameError.h"
 #include "core/Settings.h"
-#include "platform/HostLock.h"
+#include "platform/HostGuards.h"
 
 #include <VtxUtil.h>
 #include <vantix/toolbox/StyleValue.h>

@@ -8,8 +8,7 @@
 namespace vantix::vtxutiltools
 {
 
-AnimatorAbstract::AnimatorAbstract(const std::vector<KeyFrame_s>& keyFrames,
-                                   std::unique_ptr<AnimatorAbstract> innerAnimator)
+AnimatorAbstract::AnimatorAbstract(const std::vector<KeyFrame_s>& keyFrames, InnerAnimator innerAnimator)
     : m_innerAnimator(std::move(innerAnimator))
 {
     if (keyFrames.size() < 2)

@@ -11,6 +11,10 @@ namespace vantix::vtxutiltools
 {
 
 struct KeyFrame_s;
+class AnimatorAbstract;
+
+// The next animator of the chain, owned by the animator that hands it each frame; null for the innermost.
+using InnerAnimator = std::unique_ptr<AnimatorAbstract>;
 
 // The common part of every animator: it owns the next animator of the chain and hands every frame on to it
 // after doing its own work, so that the innermost animator (which draws or exports) runs last, once the
@@ -23,8 +27,7 @@ class AnimatorAbstract : public virtual AnimatorInterface
 public:
     // Takes the inner animator over at once, so that it is deleted even when this throws. Refuses a list
     // of fewer than two key frames with a KeyFrameError.
-    AnimatorAbstract(const std::vector<KeyFrame_s>& keyFrames,
-                     std::unique_ptr<AnimatorAbstract> innerAnimator);
+    AnimatorAbstract(const std::vector<KeyFrame_s>& keyFrames, InnerAnimator innerAnimator);
     ~AnimatorAbstract() override;
 
     AnimatorAbstract(const AnimatorAbstract&) = delete;
@@ -42,7 +45,7 @@ protected:
     virtual void drawFrameAtIndex(std::size_t frame) = 0;
 
 private:
-    std::unique_ptr<AnimatorAbstract> m_innerAnimator; // owned; null for the innermost animator
+    InnerAnimator m_innerAnimator; // owned; null for the innermost animator
     std::uint64_t m_totalFrames = 0;
 };
 

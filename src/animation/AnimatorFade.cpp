@@ -31,7 +31,7 @@ void SetFrameAxisShown(Boolean shown)
 } // namespace
 
 AnimatorFade::AnimatorFade(const std::vector<KeyFrame_s>& keyFrames, const Settings_s& settings,
-                           std::unique_ptr<AnimatorAbstract> innerAnimator)
+                           InnerAnimator innerAnimator)
     : AnimatorAbstract(keyFrames, std::move(innerAnimator)), m_lightStyle("GlobalThreeD", "LightSource"),
       m_intensityIDs(m_lightStyle.initMacroIDsfromStyleValueNames("Intensity")),
       m_backgroundLightIDs(m_lightStyle.initMacroIDsfromStyleValueNames("BackgroundLight"))

@@ -24,7 +24,7 @@ class AnimatorFade : public AnimatorAbstract
 public:
     // Keeps the lights and hides the frame axis at once.
     AnimatorFade(const std::vector<KeyFrame_s>& keyFrames, const Settings_s& settings,
-                 std::unique_ptr<AnimatorAbstract> innerAnimator);
+                 InnerAnimator innerAnimator);
     ~AnimatorFade() override;
 
 protected:

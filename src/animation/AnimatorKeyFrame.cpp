@@ -4,8 +4,7 @@
 #include "core/KeyFrame.h"
 #include "core/KeyFrameError.h"
 #include "core/ThreeDViewStyle.h"
-#include "platform/DrawingSuspension.h"
-#include "platform/HostLock.h"
+#include "platform/HostGuards.h"
 
 #include <VtxUtil.h>
 
@@ -62,8 +61,7 @@ void StepView(const View& step)
 
 } // namespace
 
-AnimatorKeyFrame::AnimatorKeyFrame(const std::vector<KeyFrame_s>& keyFrames,
-                                   std::unique_ptr<AnimatorAbstract> innerAnimator)
+AnimatorKeyFrame::AnimatorKeyFrame(const std::vector<KeyFrame_s>& keyFrames, InnerAnimator innerAnimator)
     : AnimatorAbstract(keyFrames, std::move(innerAnimator))
 {
     std::vector<View> views;

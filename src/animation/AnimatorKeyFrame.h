@@ -24,8 +24,7 @@ public:
     // Computes the view of every frame of the whole list under the progress line "Creating interpolated
     // views....". Throws KeyFrameError for fewer than two key frames, a frame that is not 3D Cartesian, or a
     // cancel; std::length_error or std::bad_alloc for more frames than memory holds.
-    AnimatorKeyFrame(const std::vector<KeyFrame_s>& keyFrames,
-                     std::unique_ptr<AnimatorAbstract> innerAnimator);
+    AnimatorKeyFrame(const std::vector<KeyFrame_s>& keyFrames, InnerAnimator innerAnimator);
 
 protected:
     // Applies the view of the frame; a frame past the last throws std::out_of_range.

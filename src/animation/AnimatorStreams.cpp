@@ -16,8 +16,7 @@ const double AnchorStepsPerDeltaTime = 5.0;
 
 } // namespace
 
-AnimatorStreams::AnimatorStreams(const std::vector<KeyFrame_s>& keyFrames,
-                                 std::unique_ptr<AnimatorAbstract> innerAnimator)
+AnimatorStreams::AnimatorStreams(const std::vector<KeyFrame_s>& keyFrames, InnerAnimator innerAnimator)
     : AnimatorAbstract(keyFrames, std::move(innerAnimator)),
       m_timingStyle("StreamAttributes", "StreamTiming"),
       m_timeAnchorIDs(m_timingStyle.initMacroIDsfromStyleValueNames("TimeAnchor"))

@@ -19,8 +19,7 @@ class AnimatorStreams : public AnimatorAbstract
 {
 public:
     // Reads the anchor and the delta time; changes nothing in the host.
-    AnimatorStreams(const std::vector<KeyFrame_s>& keyFrames,
-                    std::unique_ptr<AnimatorAbstract> innerAnimator);
+    AnimatorStreams(const std::vector<KeyFrame_s>& keyFrames, InnerAnimator innerAnimator);
     ~AnimatorStreams() override;
 
 protected:

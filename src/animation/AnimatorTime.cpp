@@ -41,8 +41,7 @@ private:
 } // namespace
 
 AnimatorTime::AnimatorTime(const std::vector<KeyFrame_s>& keyFrames,
-                           const TimeAnimationOptions_s& timeOptions,
-                           std::unique_ptr<AnimatorAbstract> innerAnimator)
+                           const TimeAnimationOptions_s& timeOptions, InnerAnimator innerAnimator)
     : AnimatorAbstract(keyFrames, std::move(innerAnimator))
 {
     m_times.reserve(numTotalFrames());

@@ -25,7 +25,7 @@ public:
     // AsCaptured through the times captured with the key frames. An operation the animator does not know
     // leaves it without times, and every frame then throws std::out_of_range when drawn.
     AnimatorTime(const std::vector<KeyFrame_s>& keyFrames, const TimeAnimationOptions_s& timeOptions,
-                 std::unique_ptr<AnimatorAbstract> innerAnimator);
+                 InnerAnimator innerAnimator);
 
     // Replaces out with count times spread evenly from start to end, both included. A count of 0 gives
     // none; a count of 1 gives start alone.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/HostLock.h"
+#include "platform/HostGuards.h"
 
 #include <cstdint>
 
@@ -20,9 +20,6 @@ class FramePopperAbstract
 public:
     FramePopperAbstract();
     virtual ~FramePopperAbstract();
-
-    FramePopperAbstract(const FramePopperAbstract&) = delete;
-    FramePopperAbstract& operator=(const FramePopperAbstract&) = delete;
 
     // Makes the next frame active; false when every frame has been visited.
     virtual bool next() = 0;

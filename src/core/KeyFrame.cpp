@@ -6,6 +6,24 @@
 namespace vantix::vtxutiltools
 {
 
+namespace
+{
+
+// One field of every key frame, in list order. Built aside and swapped in, so that out is left as it was
+// when memory runs out.
+template <typename Column, typename Field>
+void ExtractColumn(const std::vector<KeyFrame_s>& keyFrames, Field KeyFrame_s::*field,
+                   std::vector<Column>& out)
+{
+    std::vector<Column> column;
+    column.reserve(keyFrames.size());
+    for (const KeyFrame_s& keyFrame : keyFrames)
+        column.push_back(keyFrame.*field);
+    out.swap(column);
+}
+
+} // namespace
+
 KeyFrame_s::KeyFrame_s(const View& view, const std::string& name, std::uint64_t frameCount,
                        double solutionTime)
     : view(view), name(name), frameCount(frameCount), solutionTime(solutionTime)
@@ -49,29 +67,17 @@ std::size_t GetTotalFrameCount(const std::vector<KeyFrame_s>& keyFrames)
 
 void ExtractFrameCounts(const std::vector<KeyFrame_s>& keyFrames, std::vector<std::size_t>& out)
 {
-    std::vector<std::size_t> counts;
-    counts.reserve(keyFrames.size());
-    for (const KeyFrame_s& keyFrame : keyFrames)
-        counts.push_back(keyFrame.frameCount);
-    out.swap(counts);
+    ExtractColumn(keyFrames, &KeyFrame_s::frameCount, out);
 }
 
 void ExtractViews(const std::vector<KeyFrame_s>& keyFrames, std::vector<View>& out)
 {
-    std::vector<View> views;
-    views.reserve(keyFrames.size());
-    for (const KeyFrame_s& keyFrame : keyFrames)
-        views.push_back(keyFrame.view);
-    out.swap(views);
+    ExtractColumn(keyFrames, &KeyFrame_s::view, out);
 }
 
 void ExtractSolutionTimes(const std::vector<KeyFrame_s>& keyFrames, std::vector<double>& out)
 {
-    std::vector<double> times;
-    times.reserve(keyFrames.size());
-    for (const KeyFrame_s& keyFrame : keyFrames)
-        times.push_back(keyFrame.solutionTime);
-    out.swap(times);
+    ExtractColumn(keyFrames, &KeyFrame_s::solutionTime, out);
 }
 
 void ExtractFrameCountsForIndices(const std::vector<KeyFrame_s>& keyFrames,

@@ -2,8 +2,7 @@
 
 #include "core/KeyFrameError.h"
 #include "core/ThreeDViewStyle.h"
-#include "platform/DrawingSuspension.h"
-#include "platform/HostLock.h"
+#include "platform/HostGuards.h"
 
 #include <VtxUtil.h>
 

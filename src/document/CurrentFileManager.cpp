@@ -1,6 +1,6 @@
 #include "document/CurrentFileManager.h"
 
-#include "platform/HostLock.h"
+#include "platform/HostGuards.h"
 
 #include <VtxUtil.h>
 

@@ -31,29 +31,23 @@ void EnumMap<KeyFrameFile::Section_e>::initializeMaps()
     ReverseMap(m_valueToText, m_textToValue);
 }
 
+#define VANTIX_KEYFRAME_FILE_TEXT(name) m_valueToText.emplace(KeyFrameFile::name, #name);
+
 template <>
 void EnumMap<KeyFrameFile::Setting_e>::initializeMaps()
 {
-    m_valueToText.emplace(KeyFrameFile::AnimateTime, "AnimateTime");
-    m_valueToText.emplace(KeyFrameFile::TimeAnimationOperation, "TimeAnimationOperation");
-    m_valueToText.emplace(KeyFrameFile::NumCycles, "NumCycles");
-    m_valueToText.emplace(KeyFrameFile::AnimateStreamtraces, "AnimateStreamtraces");
-    m_valueToText.emplace(KeyFrameFile::FadeIn, "FadeIn");
-    m_valueToText.emplace(KeyFrameFile::FadeOut, "FadeOut");
+    VANTIX_KEYFRAME_FILE_SETTINGS(VANTIX_KEYFRAME_FILE_TEXT)
     ReverseMap(m_valueToText, m_textToValue);
 }
 
 template <>
 void EnumMap<KeyFrameFile::KeyFrameItem_e>::initializeMaps()
 {
-    m_valueToText.emplace(KeyFrameFile::Name, "Name");
-    m_valueToText.emplace(KeyFrameFile::Position, "Position");
-    m_valueToText.emplace(KeyFrameFile::Angle, "Angle");
-    m_valueToText.emplace(KeyFrameFile::Width, "Width");
-    m_valueToText.emplace(KeyFrameFile::FrameCount, "FrameCount");
-    m_valueToText.emplace(KeyFrameFile::SolutionTime, "SolutionTime");
+    VANTIX_KEYFRAME_FILE_ITEMS(VANTIX_KEYFRAME_FILE_TEXT)
     ReverseMap(m_valueToText, m_textToValue);
 }
+
+#undef VANTIX_KEYFRAME_FILE_TEXT
 
 namespace
 {

@@ -11,6 +11,14 @@
 #include <string>
 #include <vector>
 
+// The settings and the key frame items of the file, in the order in which they are written, each named in
+// the file as it is here. Each list makes both the enumeration and its texts, so the two cannot differ.
+#define VANTIX_KEYFRAME_FILE_SETTINGS(ITEM)                                                                  \
+    ITEM(AnimateTime)                                                                                        \
+    ITEM(TimeAnimationOperation) ITEM(NumCycles) ITEM(AnimateStreamtraces) ITEM(FadeIn) ITEM(FadeOut)
+#define VANTIX_KEYFRAME_FILE_ITEMS(ITEM)                                                                     \
+    ITEM(Name) ITEM(Position) ITEM(Angle) ITEM(Width) ITEM(FrameCount) ITEM(SolutionTime)
+
 namespace vantix::vtxutiltools
 {
 
@@ -29,27 +37,17 @@ public:
         KeyFrameView = 1
     };
 
-    // In the order in which they are written.
+#define VANTIX_KEYFRAME_FILE_ENUMERATOR(name) name,
+    // From 0, in the order in which they are written.
     enum Setting_e : int
     {
-        AnimateTime = 0,
-        TimeAnimationOperation = 1,
-        NumCycles = 2,
-        AnimateStreamtraces = 3,
-        FadeIn = 4,
-        FadeOut = 5
+        VANTIX_KEYFRAME_FILE_SETTINGS(VANTIX_KEYFRAME_FILE_ENUMERATOR)
     };
-
-    // In the order in which they are written.
     enum KeyFrameItem_e : int
     {
-        Name = 0,
-        Position = 1,
-        Angle = 2,
-        Width = 3,
-        FrameCount = 4,
-        SolutionTime = 5
+        VANTIX_KEYFRAME_FILE_ITEMS(VANTIX_KEYFRAME_FILE_ENUMERATOR)
     };
+#undef VANTIX_KEYFRAME_FILE_ENUMERATOR
 
     // The format version that is written and the newest that is read.
     static constexpr int m_version = 1;

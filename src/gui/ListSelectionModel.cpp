@@ -1,7 +1,7 @@
 #include "gui/ListSelectionModel.h"
 
 #include "gui/ListViewInterface.h"
-#include "platform/HostLock.h"
+#include "platform/HostGuards.h"
 
 #include <VtxGUI.h>
 #include <VtxUtil.h>
@@ -143,51 +143,43 @@ bool ListSelectionModelAbstract::hasControl() const
     return guiId() != GuiId_None;
 }
 
-ListSingleSelectionModel::ListSingleSelectionModel(ListViewInterface& parent)
-    : ListSelectionModelAbstract(parent)
+void ListSelectionModelAbstract::replaceSelection(const std::function<void(int)>& select) const
 {
+    if (hasControl())
+    {
+        HostLock lock;
+        const int id = guiId();
+        VtxGUIListDeselectAllItems(id);
+        select(id);
+    }
+    notifyOfChange();
 }
 
 void ListSingleSelectionModel::setSelectedItems(const std::vector<unsigned long>& items) const
 {
-    if (hasControl())
-    {
-        HostLock lock;
-        const int id = guiId();
-        VtxGUIListDeselectAllItems(id);
-        std::vector<unsigned long> remaining(items);
-        eraseInvalidItems(remaining);
-        if (!remaining.empty())
-            VtxGUIListSetSelectedItem(id, static_cast<int>(remaining.front()) + 1);
-    }
-    notifyOfChange();
-}
-
-ListMultiSelectionModel::ListMultiSelectionModel(ListViewInterface& parent)
-    : ListSelectionModelAbstract(parent)
-{
+    replaceSelection(
+        [&](int id)
+        {
+            std::vector<unsigned long> remaining(items);
+            eraseInvalidItems(remaining);
+            if (!remaining.empty())
+                VtxGUIListSetSelectedItem(id, static_cast<int>(remaining.front()) + 1);
+        });
 }
 
 void ListMultiSelectionModel::setSelectedItems(const std::vector<unsigned long>& items) const
 {
-    if (hasControl())
-    {
-        HostLock lock;
-        const int id = guiId();
-        VtxGUIListDeselectAllItems(id);
-        std::vector<int> positions;
-        positions.reserve(items.size());
-        for (const unsigned long item : items)
-            positions.push_back(static_cast<int>(item));
-        eraseInvalidItems(positions);
-        if (!positions.empty())
+    replaceSelection(
+        [&](int id)
         {
+            std::vector<int> positions(items.begin(), items.end());
+            eraseInvalidItems(positions);
+            if (positions.empty())
+                return;
             for (int& position : positions)
                 ++position;
             VtxGUIListSetSelectedItems(id, positions.data(), static_cast<int>(positions.size()));
-        }
-    }
-    notifyOfChange();
+        });
 }
 
 } // namespace vantix::vtxutiltools

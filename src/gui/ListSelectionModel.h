@@ -9,6 +9,7 @@
 
 #include "gui/ListSelectionModelInterface.h"
 
+#include <functional>
 #include <set>
 #include <vector>
 
@@ -47,6 +48,9 @@ public:
 protected:
     int guiId() const;
     bool hasControl() const;
+    // Under the host lock, empties the control's selection and lets select(control id) choose anew; then
+    // tells the observers. Without a control only the observers are told.
+    void replaceSelection(const std::function<void(int)>& select) const;
 
 private:
     // Not owned.
@@ -57,7 +61,7 @@ private:
 class ListSingleSelectionModel : public virtual ListSelectionModelAbstract
 {
 public:
-    explicit ListSingleSelectionModel(ListViewInterface& parent);
+    using ListSelectionModelAbstract::ListSelectionModelAbstract;
 
     // Selects the first index the control holds; the others are ignored.
     void setSelectedItems(const std::vector<unsigned long>& items) const override;
@@ -66,7 +70,7 @@ public:
 class ListMultiSelectionModel : public virtual ListSelectionModelAbstract
 {
 public:
-    explicit ListMultiSelectionModel(ListViewInterface& parent);
+    using ListSelectionModelAbstract::ListSelectionModelAbstract;
 
     // Selects exactly the indices the control holds.
     void setSelectedItems(const std::vector<unsigned long>& items) const override;

@@ -1,7 +1,7 @@
 #include "gui/ListView.h"
 
 #include "gui/ListSelectionModel.h"
-#include "platform/HostLock.h"
+#include "platform/HostGuards.h"
 
 #include <VtxGUI.h>
 

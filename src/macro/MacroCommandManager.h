@@ -11,7 +11,7 @@
 
 #include "core/EnumMap.h"
 #include "platform/AddOnID.h"
-#include "platform/HostLock.h"
+#include "platform/HostGuards.h"
 
 #include <VtxUtil.h>
 #include <boost/algorithm/string/classification.hpp>

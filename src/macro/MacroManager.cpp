@@ -1,6 +1,6 @@
 #include "macro/MacroManager.h"
 
-#include "platform/HostLock.h"
+#include "platform/HostGuards.h"
 
 namespace vantix::vtxutiltools
 {
@@ -12,8 +12,6 @@ MacroManager& MacroManager::instance()
 }
 
 MacroManager::MacroManager() : m_commandManager(std::make_unique<AddOnMacroCommandManager>(" ")) {}
-
-MacroManager::~MacroManager() = default;
 
 void MacroManager::recordCommand(Command_e command, const MacroParameterList& parameters)
 {

@@ -21,11 +21,6 @@ public:
     // Built on first use and kept until the module is unloaded.
     static MacroManager& instance();
 
-    ~MacroManager();
-
-    MacroManager(const MacroManager&) = delete;
-    MacroManager& operator=(const MacroManager&) = delete;
-
     // Records the command into the macro the host is recording; nothing when it is not recording. Never
     // into the data set journal, which tells how the data came about: the add-on's commands change views
     // and files, not data. Holds the host lock throughout.
@@ -34,7 +29,7 @@ public:
 private:
     MacroManager();
 
-    // Items of the add-on's command texts are separated by one blank.
+    // Items of the add-on's command texts are separated by one blank. Owned: the manager cannot be copied.
     std::unique_ptr<AddOnMacroCommandManager> m_commandManager;
 };
 

@@ -1,6 +1,6 @@
 #include "platform/StateChangeListener.h"
 
-#include "platform/HostLock.h"
+#include "platform/HostGuards.h"
 
 #include <vantix/toolbox/StateChangeEventInterface.h>
 

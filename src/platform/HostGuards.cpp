@@ -1,4 +1,4 @@
-#include "platform/HostLock.h"
+#include "platform/HostGuards.h"
 
 #include "platform/AddOnID.h"
 
@@ -7,14 +7,24 @@
 namespace vantix::vtxutiltools
 {
 
-HostLock::HostLock()
+void StartHostLock()
 {
     VtxUtilLockStart(AddOnID);
 }
 
-HostLock::~HostLock()
+void FinishHostLock()
 {
     VtxUtilLockFinish(AddOnID);
+}
+
+void SuspendDrawing()
+{
+    VtxUtilDrawGraphics(FALSE);
+}
+
+void ResumeDrawing()
+{
+    VtxUtilDrawGraphics(TRUE);
 }
 
 } // namespace vantix::vtxutiltools
