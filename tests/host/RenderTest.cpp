@@ -8,8 +8,8 @@
 #include "support/HostTest.h"
 
 #include <VtxUtil.h>
-#include <vantix/host/Host.h>
 #include <vantix/host/Export.h>
+#include <vantix/host/Host.h>
 #include <vantix/host/Render.h>
 #include <vantix/host/Scene.h>
 
