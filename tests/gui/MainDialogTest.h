@@ -1,0 +1,56 @@
+// The main dialog up, with an empty key frame list and new settings: the dialog outlives every test, so
+// each starts from the same state.
+#pragma once
+
+#include "gui/DialogLayouts.h"
+#include "gui/DialogMain.h"
+
+#include <support/AddOnTest.h>
+
+#include <vantix/host/Events.h>
+
+#include <string>
+#include <vector>
+
+namespace testsupport
+{
+
+class DialogMainTest : public testsupport::AddOnTest
+{
+protected:
+    void SetUp() override
+    {
+        AddOnTest::SetUp();
+        dialog().applyDataModel(vantix::vtxutiltools::ListModelKeyFrame());
+        dialog().applySettings(vantix::vtxutiltools::Settings_s());
+        DialogMain::launch();
+        vantix::host::runOnIdleUntilEmpty();
+    }
+
+    static DialogMain& dialog() { return DialogMain::instance(); }
+
+    // Key frames named "K0", "K1", ... with these frame counts, and the user's selection of them.
+    static void ShowKeyFrames(const std::vector<unsigned long>& frameCounts, const std::vector<int>& selected)
+    {
+        for (const unsigned long frameCount : frameCounts)
+        {
+            vantix::vtxutiltools::ListModelKeyFrame& model = dialog().keyFrameModel();
+            model.insertItem(model.end(), vantix::vtxutiltools::KeyFrame_s(vantix::vtxutiltools::View(),
+                                                                           "K" + std::to_string(model.size()),
+                                                                           frameCount, 0.0));
+        }
+        std::vector<int> positions;
+        for (const int index : selected)
+            positions.push_back(index + 1);
+        if (!frameCounts.empty()) // an empty list is greyed out
+            vantix::host::selectListItems(KeyFrameList_MLST_D1, positions);
+        vantix::host::runOnIdleUntilEmpty();
+    }
+
+    static int MenuEntry(const std::string& label)
+    {
+        return vantix::host::findControl(Dialog1Manager, label);
+    }
+};
+
+} // namespace testsupport
