@@ -194,18 +194,16 @@ extern "C"
     VTX_SDK_API AddOn_pa VtxUtilAddOnRegister(int sdkVersion, const char* name, const char* version,
                                               const char* author);
 
-    // ---- Locks
-    // --------------------------------------------------------------------------------------------- The lock
-    // nests per add-on; every start must be matched by one finish. A finish without a start is a protocol
-    // error that the host reports.
+    // ---- Locks --------------------------------------------------------------------------------------------
+    // The lock nests per add-on; every start must be matched by one finish. A finish without a start is a
+    // protocol error that the host reports.
     VTX_SDK_API void VtxUtilLockStart(AddOn_pa addOn);
     VTX_SDK_API void VtxUtilLockFinish(AddOn_pa addOn);
     // The global form, for code that runs before an add-on handle exists.
     VTX_SDK_API void VtxUtilLockOn(void);
     VTX_SDK_API void VtxUtilLockOff(void);
 
-    // ---- Frames
-    // --------------------------------------------------------------------------------------------
+    // ---- Frames -------------------------------------------------------------------------------------------
     VTX_SDK_API int VtxUtilFrameGetCount(void);
     // The active frame's plot type; PlotType_Invalid when the page has no frame.
     VTX_SDK_API PlotType_e VtxUtilFrameGetPlotType(void);
@@ -218,9 +216,8 @@ extern "C"
     // Makes the frame with that id active without changing the stacking order; FALSE for an unknown id.
     VTX_SDK_API Boolean VtxUtilFrameActivateByUniqueID(UniqueID_t uniqueID);
 
-    // ---- The 3D view of the active frame
-    // ------------------------------------------------------------------- Each returns FALSE (and leaves its
-    // outputs alone) when the active frame is not a 3D plot.
+    // ---- The 3D view of the active frame ------------------------------------------------------------------
+    // Each returns FALSE (and leaves its outputs alone) when the active frame is not a 3D plot.
     VTX_SDK_API Boolean VtxUtilThreeDViewGetViewerPos(double* x, double* y, double* z);
     // Psi, Theta and Alpha in radians.
     VTX_SDK_API Boolean VtxUtilThreeDViewGetViewerAngle(double* psi, double* theta, double* alpha);
@@ -231,20 +228,17 @@ extern "C"
     VTX_SDK_API Boolean VtxUtilViewRotate3D(RotateAxis_e axis, RotateOriginLocation_e origin, double angle,
                                             double vectorX, double vectorY, double vectorZ);
 
-    // ---- Drawing
-    // ------------------------------------------------------------------------------------------- FALSE
-    // suspends drawing, TRUE resumes it; suspensions nest.
+    // ---- Drawing ------------------------------------------------------------------------------------------
+    // FALSE suspends drawing, TRUE resumes it; suspensions nest.
     VTX_SDK_API void VtxUtilDrawGraphics(Boolean doDrawing);
     // Redraws the active frame (skipped while drawing is suspended) and completes before returning.
     VTX_SDK_API Boolean VtxUtilRedraw(Boolean doFullDrawing);
 
-    // ---- Solution time of the active frame
-    // -----------------------------------------------------------------
+    // ---- Solution time of the active frame ----------------------------------------------------------------
     VTX_SDK_API double VtxUtilSolutionTimeGetCurrent(void);
     VTX_SDK_API SetValueReturnCode_e VtxUtilSolutionTimeSetCurrent(double solutionTime);
 
-    // ---- Status line
-    // ---------------------------------------------------------------------------------------
+    // ---- Status line --------------------------------------------------------------------------------------
     VTX_SDK_API Boolean VtxUtilStatusStartPercentDone(const char* text, Boolean showStopButton,
                                                       Boolean showProgressBar);
     VTX_SDK_API void VtxUtilStatusSetPercentDoneText(const char* text);
@@ -252,8 +246,7 @@ extern "C"
     VTX_SDK_API Boolean VtxUtilStatusCheckPercentDone(int percentDone);
     VTX_SDK_API void VtxUtilStatusFinishPercentDone(void);
 
-    // ---- Macro recording
-    // -----------------------------------------------------------------------------------
+    // ---- Macro recording ----------------------------------------------------------------------------------
     VTX_SDK_API Boolean VtxUtilMacroIsRecordingActive(void);
     // Appends a line of the host's own macro language to the macro being recorded, as given.
     VTX_SDK_API Boolean VtxUtilMacroRecordRawCommand(const char* command);
@@ -261,9 +254,8 @@ extern "C"
     // escaped so that both texts come back unchanged on replay.
     VTX_SDK_API Boolean VtxUtilMacroRecordExtCommand(const char* addOnIDString, const char* command);
 
-    // ---- The page
-    // ------------------------------------------------------------------------------------------ The active
-    // frame's position (from the page's top left corner) and size, in paper inches.
+    // ---- The page -----------------------------------------------------------------------------------------
+    // The active frame's position (from the page's top left corner) and size, in paper inches.
     VTX_SDK_API void VtxUtilFrameGetPosAndSize(double* x, double* y, double* width, double* height);
     // The size of the work area (the page as shown) in screen pixels.
     VTX_SDK_API void VtxUtilWorkAreaGetDimensions(int* width, int* height);
@@ -277,8 +269,8 @@ extern "C"
     VTX_SDK_API Boolean VtxUtilFrameLightweightPopNext(void);
     VTX_SDK_API void VtxUtilFrameLightweightPopEnd(void);
 
-    // ---- Data set of the active frame
-    // ---------------------------------------------------------------------- Zones are numbered from 1.
+    // ---- Data set of the active frame ---------------------------------------------------------------------
+    // Zones are numbered from 1.
     VTX_SDK_API Boolean VtxUtilDataSetIsAvailable(void);
     // A new set of the enabled zones (null when the frame has no data set); release it with
     // VtxUtilSetDealloc.
@@ -291,21 +283,19 @@ extern "C"
     // 0 for a static zone; greater than 0 for a zone of a time strand.
     VTX_SDK_API EntIndex_t VtxUtilZoneGetStrandID(EntIndex_t zone);
 
-    // ---- Journal of the active frame's data set
-    // --------------------------------------------------------------- The journal keeps, with the data
-    // set, the commands that made its data what it is. It is valid while the active frame has a data set
-    // whose journal the host has not given up on (a change to the data that it cannot tell); a newly
-    // loaded data set starts with a valid, empty journal.
+    // ---- Journal of the active frame's data set -----------------------------------------------------------
+    // The journal keeps, with the data set, the commands that made its data what it is. It is valid while the
+    // active frame has a data set whose journal the host has not given up on (a change to the data that it
+    // cannot tell); a newly loaded data set starts with a valid, empty journal.
     VTX_SDK_API Boolean VtxUtilDataSetJournalIsValid(void);
     // Appends an add-on command (its id, its text and optional raw data, null for none) to the journal.
     // FALSE, and nothing kept, when the journal is not valid.
     VTX_SDK_API Boolean VtxUtilDataSetAddJournalCommand(const char* addOnIDString, const char* instructions,
                                                         const char* rawData);
 
-    // ---- Export
-    // -------------------------------------------------------------------------------------------- Sets one
-    // "ExportSetup" value: numbers in doubleValue; enumerations, integers, switches and the file name (a
-    // const char* passed as ArbParam_t) in anyValue. subName is unused and may be null.
+    // ---- Export -------------------------------------------------------------------------------------------
+    // Sets one "ExportSetup" value: numbers in doubleValue; enumerations, integers, switches and the file
+    // name (a const char* passed as ArbParam_t) in anyValue. subName is unused and may be null.
     VTX_SDK_API Boolean VtxUtilExportSetup(const char* name, const char* subName, double doubleValue,
                                            ArbParam_t anyValue);
     VTX_SDK_API Boolean VtxUtilExportIsRecording(void);
@@ -319,17 +309,15 @@ extern "C"
     // Abandons the export; no file is left behind.
     VTX_SDK_API void VtxUtilExportCancel(void);
 
-    // ---- Macros
-    // -------------------------------------------------------------------------------------------- Registers
-    // the callback that replays the add-on commands recorded under addOnIDString.
+    // ---- Macros -------------------------------------------------------------------------------------------
+    // Registers the callback that replays the add-on commands recorded under addOnIDString.
     VTX_SDK_API Boolean VtxUtilMacroAddCommandCallback(const char* addOnIDString,
                                                        MacroCommandCallback_pf macroCommandCallback);
 
-    // ---- Host strings
-    // -------------------------------------------------------------------------------------- A buffer of at
-    // least maxLength characters in host memory (null when there is none), for texts handed to the host
-    // (which releases them) or released by the add-on with VtxUtilStringDealloc. The host counts what is not
-    // released.
+    // ---- Host strings -------------------------------------------------------------------------------------
+    // A buffer of at least maxLength characters in host memory (null when there is none), for texts handed to
+    // the host (which releases them) or released by the add-on with VtxUtilStringDealloc. The host counts
+    // what is not released.
     VTX_SDK_API char* VtxUtilStringAlloc(int maxLength, const char* debugInfo);
     VTX_SDK_API void VtxUtilStringDealloc(char** text);
 
