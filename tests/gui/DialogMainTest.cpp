@@ -4,7 +4,7 @@
 #include "gui/DialogMain.h"
 #include "gui/DialogLayouts.h"
 
-#include "MainDialogTest.h"
+#include <support/MainDialogTest.h>
 
 #include <string>
 #include <vector>

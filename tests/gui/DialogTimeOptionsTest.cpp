@@ -2,7 +2,7 @@
 // settings, OK and Cancel, the cycle count's sensitivity and arrows, and the lock it holds while it is up.
 #include "gui/DialogTimeOptions.h"
 
-#include "MainDialogTest.h"
+#include <support/MainDialogTest.h>
 
 #include <string>
 #include <vector>

@@ -27,6 +27,15 @@ protected:
         vantix::host::runOnIdleUntilEmpty();
     }
 
+    // The dialog follows the host's state until its dropper closes it: let it, so that no test leaves a
+    // listener behind for the next one.
+    void TearDown() override
+    {
+        vantix::host::setPlotType(PlotType_Cartesian2D);
+        vantix::host::runOnIdleUntilEmpty();
+        AddOnTest::TearDown();
+    }
+
     static DialogMain& dialog() { return DialogMain::instance(); }
 
     // Key frames named "K0", "K1", ... with these frame counts, and the user's selection of them.

@@ -1,0 +1,300 @@
+// The export options dialog launched over the main dialog, driven as its user drives it: its layout, what
+// it shows of the host's export setup, its sensitivities and image size, what OK writes and records, the
+// ways out that apply nothing, and the host lock it holds while it is up.
+#include "gui/DialogExportOptions.h"
+
+#include <support/MainDialogTest.h>
+#include <support/TempFolder.h>
+
+#include <functional>
+#include <string>
+#include <tuple>
+#include <vector>
+
+using namespace vantix::host;
+using ::testing::IsEmpty;
+using vantix::vtxutiltools::AddOnID;
+using Texts = std::vector<std::string>;
+using Ints = std::vector<int>;
+
+namespace
+{
+
+// The host's export settings, in the order the dialog's OK test reads them.
+// clang-format off
+const char* const SetupNames[] = {"ExportFormat", "AVICompression", "FlashImageType", "FlashCompressionType",
+    "UseSuperSampleAntiAliasing", "SuperSampleFactor", "ExportRegion", "ImageWidth", "AnimationSpeed", "ExportFName"};
+// clang-format on
+
+class DialogExportOptionsTest : public testsupport::DialogMainTest
+{
+protected:
+    void SetUp() override
+    {
+        DialogMainTest::SetUp();
+        setPixelsPerInch(100.0);
+        setFramePlacement(m_frame, {1.0, 1.0, 10.0, 6.67}); // 1000 x 667 pixels
+        Relaunch();
+        // The dialog keeps the width choice and the entered width from one launch to the next.
+        chooseRadioButton(Width_RADIO_D2, 2);
+        enterText(Width_TF_D2, "640");
+    }
+
+    void TearDown() override
+    {
+        Relaunch(false);
+        DialogMainTest::TearDown();
+    }
+
+    void Relaunch(bool launch = true)
+    {
+        if (Dialog2Manager != GuiId_None && guiElement(Dialog2Manager).up)
+            pressCancel(Dialog2Manager);
+        if (launch)
+            DialogExportOptions::launch([this] { m_lockDepthsInAction.push_back(lockDepth(AddOnID)); });
+    }
+
+    static void SetToggle(bool on)
+    {
+        if (guiElement(Antialiasing_TOG_D2).on != on)
+            clickToggle(Antialiasing_TOG_D2);
+    }
+
+    // A field's text or a label, a toggle's state, or the entry or button chosen.
+    static std::string Shown(int control)
+    {
+        const GuiElement e = guiElement(control);
+        return e.kind == GuiKind::TextField ? e.text
+               : e.kind == GuiKind::Label   ? e.label
+               : e.kind == GuiKind::Toggle  ? (e.on ? "on" : "off")
+                                            : std::to_string(e.choice);
+    }
+
+    std::vector<int> m_lockDepthsInAction; // one per run of the action
+};
+
+TEST_F(DialogExportOptionsTest, IsLaidOutOnceAsAModalChildOfTheMainDialog)
+{
+    const GuiElement dialog = guiElement(Dialog2Manager);
+    EXPECT_EQ(
+        std::tuple("Export Options", Dialog1Manager, true, Ints{5844, 2503}, Texts{"OK", "Cancel", "Help"}),
+        std::tuple(dialog.label, dialog.parent, dialog.modal, Ints{dialog.width, dialog.height},
+                   dialog.buttons));
+    // The label, then a menu's or radio box's entries; x, y, width and height (a label has no size).
+    const std::tuple<int, GuiKind, Texts, Ints> controls[] = {
+        // clang-format off
+        {LBL1_LBL_D2, GuiKind::Label, {"Region:"}, {293, 319, 0, 0}},
+        {Region_OPT_D2, GuiKind::OptionMenu, {"Active Frame", "All Frames", "Work Area"}, {1467, 282, 4110, 145}},
+        {Width_RADIO_D2, GuiKind::RadioBox, {"&Use Width of Image on Screen", "&Enter Width:"}, {328, 522, 5249, 297}},
+        {Width_TF_D2, GuiKind::TextField, {}, {811, 848, 949, 145}},
+        {Antialiasing_TOG_D2, GuiKind::Toggle, {"&Antialiasing"}, {293, 1334, 2055, 123}},
+        {SupersampleFactor_TF_D2, GuiKind::TextField, {}, {3989, 1457, 1588, 145}},
+        {SupersampleFactor_LBL_D2, GuiKind::Label, {"Supersample Factor (2-16):"}, {656, 1479, 0, 0}},
+        {AnimationSpeed_LBL_D2, GuiKind::Label, {"Animation Speed (frames/sec):"}, {293, 1153, 0, 0}},
+        {AnimationSpeed_TF_D2, GuiKind::TextField, {}, {3989, 1131, 1588, 145}},
+        {ImageType_LBL_D2, GuiKind::Label, {"Image Type:"}, {259, 1943, 0, 0}},
+        {ImageType_OPT_D2, GuiKind::OptionMenu, {"True Color", "JPEG", "256 Colors"}, {2417, 1907, 3177, 145}},
+        {Optimization_RADIO_D2, GuiKind::RadioBox, {"Optimize for &Speed", "Optimize for &File Size"}, {241, 2125, 5336, 297}},
+        {ImageDimensions_LBL_D2, GuiKind::Label, {"Dimensions: 640 x 426"}, {2400, 884, 0, 0}},
+        {AVICompression_LBL_D2, GuiKind::Label, {"AVI Compression:"}, {259, 1733, 0, 0}},
+        {AVICompression_OPT_D2, GuiKind::OptionMenu, {"Line Preserving", "Lossless Uncompressed"}, {2417, 1697, 3177, 145}},
+        {Format_LBL_D2, GuiKind::Label, {"Format:"}, {293, 116, 0, 0}},
+        {Format_OPT_D2, GuiKind::OptionMenu, {"AVI", "Flash (FLV)", "Flash (SWF)", "MPEG-4", "Raster Metafile", "WMV"}, {1467, 65, 4110, 145}},
+        // clang-format on
+    };
+    Ints order;
+    for (const auto& [id, kind, texts, place] : controls)
+    {
+        const GuiElement e = guiElement(id);
+        Texts shown = e.items;
+        if (!e.label.empty())
+            shown.insert(shown.begin(), e.label);
+        EXPECT_EQ(std::tuple(kind, texts, place, kind != GuiKind::Label),
+                  std::tuple(e.kind, shown, Ints{e.x, e.y, e.width, e.height}, e.hasCallback));
+        order.push_back(id);
+    }
+    EXPECT_EQ(order, dialog.children);
+
+    const Ints dialogsBefore = dialogs();
+    Relaunch();
+    EXPECT_EQ(dialogsBefore, dialogs());
+    EXPECT_EQ(order, guiElement(Dialog2Manager).children);
+    EXPECT_EQ(dialog.launchCount + 1, guiElement(Dialog2Manager).launchCount);
+}
+
+TEST_F(DialogExportOptionsTest, GreysOutWhatTheFormatWidthChoiceAndAntialiasingLeaveUnused)
+{
+    const std::vector<Ints> groups = {{AVICompression_LBL_D2, AVICompression_OPT_D2},
+                                      {ImageType_LBL_D2, ImageType_OPT_D2, Optimization_RADIO_D2},
+                                      {Width_TF_D2},
+                                      {AnimationSpeed_TF_D2, AnimationSpeed_LBL_D2},
+                                      {SupersampleFactor_LBL_D2, SupersampleFactor_TF_D2}};
+    // Format and width choice, antialiasing, and the sensitivity of each group.
+    const std::tuple<int, int, bool, std::vector<bool>> cases[] = {
+        {1, 1, false, {true, false, false, true, false}},   {2, 2, true, {false, false, true, true, true}},
+        {3, 1, true, {false, true, false, true, true}},     {4, 2, false, {false, false, true, true, false}},
+        {5, 1, false, {false, false, false, false, false}}, {6, 2, true, {false, false, true, true, true}},
+    };
+    for (const auto& [format, widthChoice, antialiasing, sensitive] : cases)
+    {
+        chooseOption(Format_OPT_D2, format);
+        chooseRadioButton(Width_RADIO_D2, widthChoice);
+        SetToggle(antialiasing);
+        for (std::size_t g = 0; g < groups.size(); ++g)
+            for (const int control : groups[g])
+                EXPECT_EQ(sensitive[g], guiElement(control).sensitive) << format << ", group " << g;
+        EXPECT_EQ(1, lockDepth(AddOnID)); // the dialog's own, as before every callback
+    }
+}
+
+TEST_F(DialogExportOptionsTest, ShowsTheRegionsImageSizeOrTheEnteredWidthWithTheRegionsAspect)
+{
+    setFramePlacement(addFrame(PlotType_Cartesian3D), {0.5, 2.0, 4.0, 6.0}); // both: 10.5 x 7 inches
+    activateFrame(m_frame);
+    const std::tuple<int, int, std::string> cases[] = {
+        {1, 1, "Dimensions: 1000 x 667"}, {1, 2, "Dimensions: 640 x 426"},  {2, 1, "Dimensions: 1050 x 700"},
+        {2, 2, "Dimensions: 640 x 426"},  {3, 1, "Dimensions: 1100 x 850"}, {3, 2, "Dimensions: 640 x 494"},
+    };
+    for (const auto& [region, widthChoice, label] : cases)
+    {
+        chooseRadioButton(Width_RADIO_D2, widthChoice);
+        chooseOption(Region_OPT_D2, region);
+        EXPECT_EQ(label, Shown(ImageDimensions_LBL_D2)) << region;
+        EXPECT_EQ(1, lockDepth(AddOnID));
+    }
+    EXPECT_EQ(m_frame, activeFrame());
+    // The host's export setup has no region until OK: the next launch shows the one chosen.
+    Relaunch();
+    EXPECT_EQ(3, guiElement(Region_OPT_D2).choice);
+}
+
+TEST_F(DialogExportOptionsTest, ShowsTheHostsExportSetupWithinTheDialogsBounds)
+{
+    const std::tuple<std::string, StyleData, int, std::string> cases[] = {
+        {"AnimationSpeed", 500.0, AnimationSpeed_TF_D2, "200"},
+        {"AnimationSpeed", 0.0001, AnimationSpeed_TF_D2, "0.001"},
+        {"SuperSampleFactor", 1, SupersampleFactor_TF_D2, "2"},
+        {"ExportFormat", 22, Format_OPT_D2, "6"},
+        {"ExportFormat", 13, Format_OPT_D2, "6"}, // PNG is not offered: the menu keeps what it showed
+        {"UseSuperSampleAntiAliasing", true, Antialiasing_TOG_D2, "on"},
+        {"AVICompression", 2, AVICompression_OPT_D2, "2"},
+        {"AVICompression", 0, AVICompression_OPT_D2, "2"}, // not offered either
+        {"FlashImageType", 1, ImageType_OPT_D2, "2"},
+        {"FlashCompressionType", 1, Optimization_RADIO_D2, "2"},
+        {"FlashCompressionType", 0, Optimization_RADIO_D2, "1"},
+    };
+    for (const auto& [setting, value, control, shown] : cases)
+    {
+        setStyle({"ExportSetup", setting}, value);
+        Relaunch();
+        EXPECT_EQ(shown, Shown(control)) << setting;
+    }
+}
+
+TEST_F(DialogExportOptionsTest, OkWritesEveryChoiceToTheExportSetupRecordsItAndRunsTheActionUnlocked)
+{
+    const testsupport::TempFolder folder;
+    // Format, extension and keyword, recording and antialiasing; the host's format, AVI compression, Flash
+    // image type and Flash compression afterwards, and the lines recorded for the format's own options.
+    const std::tuple<int, std::string, std::string, bool, bool, Ints, Texts> cases[] = {
+        // clang-format off
+        {1, "avi", "AVI", true, true, {14, 2, 0, 0}, {"AVICompression = LOSSLESSUNCOMPRESSED"}},
+        {2, "flv", "FLV", true, false, {20, 0, 0, 0}, {}},
+        {3, "swf", "FLASH", true, true, {17, 0, 2, 1}, {"FlashImageType = 256COLOR", "FlashCompressionType = SMALLESTSIZE"}},
+        {4, "mp4", "MPEG4", false, true, {21, 0, 0, 0}, {}},
+        {5, "rm", "RASTERMETAFILE", true, false, {0, 0, 0, 0}, {}},
+        {6, "wmv", "WMV", true, true, {22, 0, 0, 0}, {}},
+        // clang-format on
+    };
+    for (const auto& [format, extension, keyword, recording, antialiasing, values, formatLines] : cases)
+    {
+        // Every field can be typed into with AVI and antialiasing, and the format's options start at 0.
+        const StyleData preset[] = {14, 0, 0, 0, true, 3};
+        for (std::size_t i = 0; i < std::size(preset); ++i)
+            setStyle({"ExportSetup", SetupNames[i]}, preset[i]);
+        Relaunch();
+        enterText(AnimationSpeed_TF_D2, "12.5");
+        enterText(SupersampleFactor_TF_D2, "5");
+        chooseOption(AVICompression_OPT_D2, 2);
+        chooseOption(Format_OPT_D2, 3); // Flash (SWF): its options can be chosen
+        chooseOption(ImageType_OPT_D2, 3);
+        chooseRadioButton(Optimization_RADIO_D2, 2);
+        chooseOption(Format_OPT_D2, format);
+        chooseOption(Region_OPT_D2, 3);
+        SetToggle(antialiasing);
+        setMacroRecording(recording);
+        const std::size_t linesBefore = recordedMacroLines().size();
+        const std::string file = (folder.path() / ("my export." + extension)).string();
+        scriptFileName(file);
+        pressOk(Dialog2Manager);
+
+        EXPECT_EQ("*." + extension, userMessages().back().filter);
+        EXPECT_FALSE(guiElement(Dialog2Manager).up);
+        Texts expected = {"ExportFormat = " + keyword};
+        expected.insert(expected.end(), formatLines.begin(), formatLines.end());
+        expected.insert(expected.end(),
+                        {"ExportRegion = WORKAREA", "ImageWidth = 640", "AnimationSpeed = 12.5",
+                         "UseSuperSampleAntiAliasing = " + Texts{"false", "true"}[antialiasing]});
+        if (antialiasing)
+            expected.push_back("SuperSampleFactor = 5");
+        expected.push_back("ExportFName = \"" + file + "\"");
+        for (std::string& line : expected)
+            line = "$!EXPORTSETUP " + line;
+        const Texts lines = recordedMacroLines();
+        EXPECT_EQ(recording ? expected : Texts{}, Texts(lines.begin() + linesBefore, lines.end()));
+
+        std::vector<StyleData> setup, expectedSetup(values.begin(), values.end());
+        expectedSetup.insert(expectedSetup.end(), {antialiasing, antialiasing ? 5 : 3, 2, 640, 12.5, file});
+        for (const char* name : SetupNames)
+            setup.push_back(style({"ExportSetup", name}));
+        EXPECT_EQ(expectedSetup, setup) << keyword;
+    }
+    EXPECT_EQ(Ints(std::size(cases), 0), m_lockDepthsInAction);
+}
+
+TEST_F(DialogExportOptionsTest, CancelAndACancelledFilePromptApplyNothingAndRunNothing)
+{
+    setMacroRecording(true);
+    for (void (*const wayOut)(int) : {pressCancel, closeDialog})
+        for (const bool promptFirst : {false, true})
+        {
+            Relaunch();
+            if (promptFirst)
+            {
+                scriptFileCancel();
+                pressOk(Dialog2Manager);
+                EXPECT_EQ((Ints{1, 1}), (Ints{guiElement(Dialog2Manager).up, lockDepth(AddOnID)}));
+            }
+            wayOut(Dialog2Manager);
+            EXPECT_EQ((Ints{0, 0}), (Ints{guiElement(Dialog2Manager).up, lockDepth(AddOnID)}));
+        }
+    EXPECT_THAT(m_lockDepthsInAction, IsEmpty());
+    EXPECT_EQ(0, callCount("VtxUtilExportSetup"));
+    EXPECT_THAT(recordedMacroLines(), IsEmpty());
+}
+
+TEST_F(DialogExportOptionsTest, HelpAsksTheHostForTheDialogsPage)
+{
+    pressHelp(Dialog2Manager);
+    EXPECT_EQ("export_options.html", helpRequests().back().page);
+    EXPECT_EQ(1, lockDepth(AddOnID));
+}
+
+TEST_F(DialogExportOptionsTest, RefusesNumbersOutsideTheirBoundsAndKeepsThePreviousOne)
+{
+    SetToggle(true);
+    const std::tuple<int, std::string, std::string> cases[] = {
+        {Width_TF_D2, "3", "Invalid input. Input must be a number between 4 and 32766."},
+        {AnimationSpeed_TF_D2, "0", "Invalid input. Input must be a number between 0.001 and 200."},
+        {SupersampleFactor_TF_D2, "17", "Invalid input. Input must be a number between 2 and 16."},
+    };
+    for (const auto& [field, text, message] : cases)
+    {
+        const std::string before = Shown(field);
+        EXPECT_TRUE(enterText(field, text));
+        EXPECT_EQ((Texts{message, before}), (Texts{errorMessages().back(), Shown(field)}));
+        EXPECT_EQ(1, lockDepth(AddOnID));
+    }
+}
+
+} // namespace
