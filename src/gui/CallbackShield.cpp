@@ -6,43 +6,45 @@
 
 #include <exception>
 #include <new>
-#include <string>
 
 namespace vantix::vtxutiltools
 {
+
+std::string CurrentExceptionMessage(const std::string& where)
+{
+    const std::string fault = "Internal error of the Key Frame Animation add-on in " + where;
+    try
+    {
+        throw;
+    }
+    catch (const KeyFrameError& error)
+    {
+        return error.what();
+    }
+    catch (const std::bad_alloc&)
+    {
+        return fault + ": not enough memory.";
+    }
+    catch (const std::exception& error)
+    {
+        return fault + ": " + error.what();
+    }
+    catch (...)
+    {
+        return fault + ".";
+    }
+}
 
 void ShowCallbackFailure(const char* callback) noexcept
 {
     try
     {
-        try
-        {
-            throw;
-        }
-        catch (const KeyFrameError& error)
-        {
-            VtxUtilDialogErrMsg(error.what());
-        }
-        catch (const std::bad_alloc&)
-        {
-            VtxUtilDialogErrMsg("Key Frame Animation: not enough memory to finish this action.");
-        }
-        catch (const std::exception& error)
-        {
-            VtxUtilDialogErrMsg(
-                ("Key Frame Animation: internal error in " + std::string(callback) + ": " + error.what())
-                    .c_str());
-        }
-        catch (...)
-        {
-            VtxUtilDialogErrMsg(
-                ("Key Frame Animation: internal error in " + std::string(callback) + ".").c_str());
-        }
+        VtxUtilDialogErrMsg(CurrentExceptionMessage(callback).c_str());
     }
     catch (...)
     {
-        // Building the message failed (memory): say what can be said without allocating.
-        VtxUtilDialogErrMsg("Key Frame Animation: internal error.");
+        // The message could not be made (memory): say what can be said without allocating.
+        VtxUtilDialogErrMsg("Internal error of the Key Frame Animation add-on.");
     }
 }
 

@@ -6,10 +6,15 @@
 // had done so far.
 #pragma once
 
+#include <string>
 #include <utility>
 
 namespace vantix::vtxutiltools
 {
+
+// The message of the exception being handled; call it only from a catch block. A KeyFrameError's own
+// message; for any other exception one line saying that where failed, and why.
+std::string CurrentExceptionMessage(const std::string& where);
 
 // Shows the exception being handled; call it only from a catch block. Never throws.
 void ShowCallbackFailure(const char* callback) noexcept;

@@ -8,7 +8,9 @@
 // command: registerOnIdleUpdate() refreshes them once the host is idle.
 #pragma once
 
+#include "core/MacroOption.h"
 #include "core/Settings.h"
+#include "core/View.h"
 #include "document/CurrentFileManager.h"
 #include "document/ListModelKeyFrame.h"
 #include "gui/ListSelectionModelInterface.h"
@@ -91,6 +93,16 @@ public:
     static void animateStreams_CB();
     static void fadeIn_CB();
     static void fadeOut_CB();
+
+    // Captures view as a new key frame named after the list's length, before index (end() appends), with
+    // the last key frame's frame count and the host's current solution time.
+    void insertKeyFrameIntoModel(const vantix::vtxutiltools::View& view, ListModelKeyFrame& model,
+                                 unsigned long index);
+    // Switches off, with a notice each, the concurrent animations the data set cannot show.
+    void checkAnimationSettings();
+    // The whole list, to d.
+    void animate(Destination_e destination, vantix::vtxutiltools::MacroOption_e option);
+    void saveKeyFrameFile();
 
     // The destination option menu's entries, in menu order.
     static const vantix::vtxutiltools::PreMappedValue<Destination_e> m_destinationOptions[2];
