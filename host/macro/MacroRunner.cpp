@@ -8,6 +8,8 @@
 #include "macro/MacroText.h"
 
 #include <exception>
+#include <filesystem>
+#include <system_error>
 #include <type_traits>
 
 namespace vantix::host::detail
@@ -33,11 +35,39 @@ std::string_view NextLine(std::string_view text, std::size_t& position)
 // that always queues itself again.
 constexpr int IdleRoundsBetweenCommands = 100;
 
-bool IsRecordedByTheRunner(const MacroCommand& command)
+bool IsAddOnCommand(const MacroCommand& command)
 {
-    // Add-ons record their own commands, when and as they see fit.
-    return !std::holds_alternative<macro::AddOnCommand>(command);
+    return std::holds_alternative<macro::AddOnCommand>(command);
 }
+
+// An add-on's command text is the add-on's own: the host cannot tell which of its words are file names. So
+// while an add-on carries a command out, the macro's folder is the working folder, and a relative file name
+// in the command is found where a relative name in one of the host's own commands is. The working folder
+// is put back afterwards, however the command ends; a folder that cannot be entered leaves it as it is.
+class WorkingFolder
+{
+public:
+    explicit WorkingFolder(const std::filesystem::path& folder)
+    {
+        std::error_code error;
+        m_previous = std::filesystem::current_path(error);
+        if (!error)
+            std::filesystem::current_path(folder, error);
+        m_entered = !error;
+    }
+    ~WorkingFolder()
+    {
+        std::error_code ignored;
+        if (m_entered)
+            std::filesystem::current_path(m_previous, ignored);
+    }
+    WorkingFolder(const WorkingFolder&) = delete;
+    WorkingFolder& operator=(const WorkingFolder&) = delete;
+
+private:
+    std::filesystem::path m_previous;
+    bool m_entered = false;
+};
 
 } // namespace
 
@@ -70,9 +100,17 @@ MacroResult MacroRunner::run(std::string_view text) const
         try
         {
             const MacroCommand command = parser.parse(line);
-            RunMacroCommand(command);
-            if (IsRecordedByTheRunner(command))
+            if (IsAddOnCommand(command))
+            {
+                // Add-ons record their own commands, when and as they see fit.
+                const WorkingFolder inTheMacrosFolder(m_folder);
+                RunMacroCommand(command);
+            }
+            else
+            {
+                RunMacroCommand(command);
                 app.recordMacroLine(MacroCommandLine(command));
+            }
         }
         catch (const std::exception& error)
         {

@@ -5,6 +5,8 @@
 #include "core/KeyFrameError.h"
 #include "macro/MacroCommandManager.h"
 
+#include <VtxUtil.h>
+
 #include <memory>
 
 namespace vantix::vtxutiltools
@@ -25,6 +27,16 @@ public:
     // into the data set journal, which tells how the data came about: the add-on's commands change views
     // and files, not data. Holds the host lock throughout.
     void recordCommand(Command_e command, const MacroParameterList& parameters);
+
+    // The replay side. It carries commands out on the main dialog, so it is defined with the command
+    // executers, on the add-on's top floor.
+    //
+    // Registers vantixCallback under the add-on's macro identifier; the entry point calls it once.
+    static void registerCallback();
+    // The host's macro command callback: parses one recorded command and carries it out. A failure of any
+    // kind answers FALSE with "Key Frame Animation error:" and the message on a second line, in a host
+    // string stored through errorMessage (null when the host had no memory for it); nothing is thrown.
+    static Boolean vantixCallback(char* commandText, char** errorMessage);
 
 private:
     MacroManager();

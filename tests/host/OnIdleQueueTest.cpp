@@ -72,6 +72,7 @@ protected:
 
 TEST_F(OnIdleQueueTest, QueuedCallsRunOnceInTheOrderQueuedWhenTheHostIsIdle)
 {
+    const long queuedBefore = vantix::host::callCount("VtxUtilOnIdleQueueAddCallback");
     for (const ArbParam_t data : {ArbParam_t(3), ArbParam_t(1), ArbParam_t(2), ArbParam_t(-7)})
         EXPECT_TRUE(VtxUtilOnIdleQueueAddCallback(Record, data));
     EXPECT_THAT(ran, IsEmpty()) << "nothing runs before the host is idle";
@@ -80,7 +81,7 @@ TEST_F(OnIdleQueueTest, QueuedCallsRunOnceInTheOrderQueuedWhenTheHostIsIdle)
     EXPECT_THAT(ran, ElementsAre("call 3", "call 1", "call 2", "call -7"));
     EXPECT_EQ(0u, vantix::host::pendingOnIdleCalls());
     EXPECT_EQ(0, vantix::host::runOnIdle());
-    EXPECT_EQ(4, vantix::host::callCount("VtxUtilOnIdleQueueAddCallback"));
+    EXPECT_EQ(queuedBefore + 4, vantix::host::callCount("VtxUtilOnIdleQueueAddCallback"));
 }
 
 TEST_F(OnIdleQueueTest, ACallQueuedWhileTheQueueRunsWaitsForTheNextIdleMoment)
@@ -155,7 +156,6 @@ TEST_F(OnIdleQueueTest, AResetKeepsTheQueuedCalls)
 {
     VtxUtilOnIdleQueueAddCallback(Record, 5);
     vantix::host::reset();
-    vantix::host::addFrame();
     EXPECT_EQ(1u, vantix::host::pendingOnIdleCalls());
     EXPECT_EQ(1, vantix::host::runOnIdle());
     EXPECT_THAT(ran, ElementsAre("call 5"));
