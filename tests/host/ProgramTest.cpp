@@ -404,3 +404,27 @@ TEST_F(ProgramTest, TheExampleMacroWritesItsMovie)
 }
 
 } // namespace
+
+namespace
+{
+
+TEST_F(ProgramTest, TheKeyFrameExampleFliesThroughItsKeyViewsIntoAMovie)
+{
+    if (!testsupport::HaveFfprobe())
+        GTEST_SKIP() << "ffprobe is not installed";
+    // The key frame file is found beside the macro, whatever the working folder; narrower, to be quick.
+    std::string macro = testsupport::ReadFile(EXAMPLES_FOLDER "/keyframe_demo.mcr");
+    const std::string width = "ImageWidth = 1280";
+    macro.replace(macro.find(width), width.size(), "ImageWidth = 320");
+    testsupport::WriteFile(m_folder.path() / "keyframe_demo.mcr", macro);
+    fs::copy_file(EXAMPLES_FOLDER "/aircraft_flyaround.keyframe", m_folder.path() / "aircraft_flyaround.keyframe");
+    const Outcome outcome = RunVantix({(m_folder.path() / "keyframe_demo.mcr").string()});
+    ASSERT_EQ(0, outcome.exitStatus) << outcome.err;
+
+    const auto probed = testsupport::Probe(m_folder.path() / "keyframe_demo.mp4");
+    EXPECT_EQ("h264", testsupport::Probed(probed, "codec_name"));
+    EXPECT_EQ("121", testsupport::Probed(probed, "nb_read_frames")); // 1 + 5 key frame spans of 24
+    EXPECT_EQ("320", testsupport::Probed(probed, "width"));
+}
+
+} // namespace
