@@ -15,14 +15,16 @@
 namespace testsupport
 {
 
+namespace kfa = vantix::vtxutiltools;
+
 class DialogMainTest : public testsupport::AddOnTest
 {
 protected:
     void SetUp() override
     {
         AddOnTest::SetUp();
-        dialog().applyDataModel(vantix::vtxutiltools::ListModelKeyFrame());
-        dialog().applySettings(vantix::vtxutiltools::Settings_s());
+        dialog().applyDataModel(kfa::ListModelKeyFrame());
+        dialog().applySettings(kfa::Settings_s());
         DialogMain::launch();
         vantix::host::runOnIdleUntilEmpty();
     }
@@ -41,16 +43,13 @@ protected:
     // Key frames named "K0", "K1", ... with these frame counts, and the user's selection of them.
     static void ShowKeyFrames(const std::vector<unsigned long>& frameCounts, const std::vector<int>& selected)
     {
+        kfa::ListModelKeyFrame& model = dialog().keyFrameModel();
         for (const unsigned long frameCount : frameCounts)
-        {
-            vantix::vtxutiltools::ListModelKeyFrame& model = dialog().keyFrameModel();
-            model.insertItem(model.end(), vantix::vtxutiltools::KeyFrame_s(vantix::vtxutiltools::View(),
-                                                                           "K" + std::to_string(model.size()),
-                                                                           frameCount, 0.0));
-        }
-        std::vector<int> positions;
-        for (const int index : selected)
-            positions.push_back(index + 1);
+            model.insertItem(model.end(),
+                             kfa::KeyFrame_s({}, "K" + std::to_string(model.size()), frameCount, 0.0));
+        std::vector<int> positions = selected; // the list counts from 1
+        for (int& position : positions)
+            ++position;
         if (!frameCounts.empty()) // an empty list is greyed out
             vantix::host::selectListItems(KeyFrameList_MLST_D1, positions);
         vantix::host::runOnIdleUntilEmpty();
