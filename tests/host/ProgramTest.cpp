@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
@@ -268,6 +269,17 @@ TEST_F(ProgramTest, AFailingAddOnCommandExitsWith1WithTheAddOnsMessage)
     EXPECT_EQ("before\n", outcome.out);
 }
 
+TEST_F(ProgramTest, TheKeyFrameAddOnsRefusalIsItsTwoLineMessageWithExitStatus1)
+{
+    const std::string macro =
+        Macro("animate.mcr", "$!ADDONCOMMAND ADDONID = 'Key Frame Animation' COMMAND = 'Animate'\n");
+    const Outcome outcome = RunVantix({macro});
+    EXPECT_EQ(1, outcome.exitStatus);
+    EXPECT_EQ(macro + ":2: Key Frame Animation error:\nInvalid macro command: missing value for parameter "
+                      "\"AnimationDestination\"\n",
+              outcome.err);
+}
+
 TEST_F(ProgramTest, ProgressIsShownAsPlainLinesWhenStandardErrorIsNoTerminal)
 {
     const Outcome outcome = RunVantix(WithTestAddOn({Macro("progress.mcr", AddOnCommand("progress 20"))}));
@@ -417,7 +429,8 @@ TEST_F(ProgramTest, TheKeyFrameExampleFliesThroughItsKeyViewsIntoAMovie)
     const std::string width = "ImageWidth = 1280";
     macro.replace(macro.find(width), width.size(), "ImageWidth = 320");
     testsupport::WriteFile(m_folder.path() / "keyframe_demo.mcr", macro);
-    fs::copy_file(EXAMPLES_FOLDER "/aircraft_flyaround.keyframe", m_folder.path() / "aircraft_flyaround.keyframe");
+    fs::copy_file(EXAMPLES_FOLDER "/aircraft_flyaround.keyframe",
+                  m_folder.path() / "aircraft_flyaround.keyframe");
     const Outcome outcome = RunVantix({(m_folder.path() / "keyframe_demo.mcr").string()});
     ASSERT_EQ(0, outcome.exitStatus) << outcome.err;
 
@@ -425,6 +438,11 @@ TEST_F(ProgramTest, TheKeyFrameExampleFliesThroughItsKeyViewsIntoAMovie)
     EXPECT_EQ("h264", testsupport::Probed(probed, "codec_name"));
     EXPECT_EQ("121", testsupport::Probed(probed, "nb_read_frames")); // 1 + 5 key frame spans of 24
     EXPECT_EQ("320", testsupport::Probed(probed, "width"));
+    // Faded in from black and out to black.
+    const std::vector<int> brightness = testsupport::FrameBrightness(m_folder.path() / "keyframe_demo.mp4");
+    ASSERT_EQ(121u, brightness.size());
+    EXPECT_EQ(std::make_pair(16, 16), std::make_pair(brightness.front(), brightness.back()));
+    EXPECT_GT(*std::min_element(brightness.begin() + 1, brightness.end() - 1), 16);
 }
 
 } // namespace

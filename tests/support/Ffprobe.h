@@ -7,6 +7,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace testsupport
 {
@@ -45,6 +46,20 @@ inline std::string Probed(const std::map<std::string, std::string>& values, cons
 {
     const auto found = values.find(key);
     return found == values.end() ? std::string() : found->second;
+}
+
+// The brightest luma of each frame, in frame order (16 is black in the limited range movies use).
+inline std::vector<int> FrameBrightness(const std::filesystem::path& file)
+{
+    const std::string command =
+        "ffprobe -v error -f lavfi \"movie='" + file.string() +
+        "',signalstats\" -show_entries frame_tags=lavfi.signalstats.YMAX -of csv=p=0 2>/dev/null";
+    std::vector<int> brightness;
+    std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), pclose);
+    char line[64];
+    while (pipe && std::fgets(line, sizeof line, pipe.get()))
+        brightness.push_back(std::atoi(line));
+    return brightness;
 }
 
 } // namespace testsupport
