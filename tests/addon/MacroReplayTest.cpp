@@ -1,6 +1,6 @@
 // The add-on's commands replayed from a macro as the host hands them over: opening a key frame file into
-// the main dialog, animating its list on screen and into a file, and every failure coming back to the
-// host as the add-on's two-line message.
+// the main dialog, animating its list, and every failure coming back to the host as the add-on's two-line
+// message. (Animating into a file is replayed in the recorded session test.)
 #include "addon/CommandExecuterAbstractFactory.h"
 #include "document/KeyFrameFile.h"
 #include "macro/MacroManager.h"
@@ -8,7 +8,6 @@
 #include <support/MainDialogTest.h>
 #include <support/TempFolder.h>
 
-#include <vantix/host/Export.h>
 #include <vantix/host/Macro.h>
 
 #include <filesystem>
@@ -109,21 +108,6 @@ TEST_F(MacroReplayTest, AnimatesTheWholeListOnScreenWithTheFirstDestinationGiven
     EXPECT_EQ("", Replay("Animate FileName=x AnimationDestination=OnScreen AnimationDestination=ToFile"));
     EXPECT_EQ(redraws + 21, redrawCount());
     EXPECT_EQ(OnScreen, dialog().settings().destination);
-}
-
-TEST_F(MacroReplayTest, AnimatesIntoTheExportFileTheHostIsSetUpFor)
-{
-    EXPECT_EQ("", Replay("OpenSettingsFile FileName=" + WriteKeyFrameFile("b.keyframe")));
-    const std::string movie = (m_folder.path() / "b.rm").string();
-    setExportSetupFromText("ExportFormat", "RASTERMETAFILE");
-    setExportSetupFromText("ImageWidth", "64");
-    setExportSetupFromText("ExportFName", "\"" + movie + "\"");
-    setMacroRecording(true);
-    EXPECT_EQ("", Replay("Animate AnimationDestination=ToFile"));
-    EXPECT_EQ(ToFile, dialog().settings().destination);
-    EXPECT_EQ(21u, readRasterMetafile(movie).frames.size());
-    EXPECT_THAT(recordedMacroLines(), ElementsAre("$!ADDONCOMMAND ADDONID = 'Key Frame Animation' COMMAND = "
-                                                  "'Animate AnimationDestination=ToFile'"));
 }
 
 TEST(MacroExecuterFactoryTest, MakesNoExecuterForAValueThatIsNoCommand)
