@@ -157,7 +157,7 @@ TEST_F(DialogMainCommandsTest, AnimatesAllOrARunWithTheNoticesOnTheWay)
                     "The destination has been reset to \"On Screen\"."));
 }
 
-TEST_F(DialogMainCommandsTest, SavesOnlyKeyFramesAndAsksForTheFileOnce)
+TEST_F(DialogMainCommandsTest, SavesOnlyKeyFramesAndSaveAfterSaveAsDoesNotAsk)
 {
     chooseMenuItem(MenuEntry("&Save Animation File"));
     EXPECT_THAT(errorMessages(), ElementsAre("No Key Frames established."));
@@ -166,7 +166,7 @@ TEST_F(DialogMainCommandsTest, SavesOnlyKeyFramesAndAsksForTheFileOnce)
     const testsupport::TempFolder folder;
     Capture(2);
     scriptFileName((folder.path() / "flight.keyframe").string());
-    chooseMenuItem(MenuEntry("&Save Animation File"));
+    chooseMenuItem(MenuEntry("Save Animation File &As..."));
     dialog().keyFrameModel().setName(0, "Renamed");
     chooseMenuItem(MenuEntry("&Save Animation File")); // to the same file, without asking
     EXPECT_EQ(2u, userMessages().size());
