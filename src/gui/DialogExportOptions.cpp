@@ -2,6 +2,7 @@
 
 #include "animation/FramePopperAbstractFactory.h"
 #include "gui/CallbackShield.h"
+#include "gui/ControlSensitivity.h"
 #include "gui/DialogLayouts.h"
 
 #include <VtxGUI.h>
@@ -27,6 +28,7 @@ using vantix::vtxutiltools::FramePopperAbstract;
 using vantix::vtxutiltools::FramePopperAbstractFactory;
 using vantix::vtxutiltools::HostLock;
 using vantix::vtxutiltools::RunShielded;
+using vantix::vtxutiltools::SetSensitivity;
 
 const DialogExportOptions::PreMappedValue<ExportFormat_e> DialogExportOptions::m_exportFormatOptions[6] = {
     {"AVI", ExportFormat_AVI},
@@ -68,41 +70,6 @@ T ReadExportSetting(const vantix::toolbox::StyleValue& exportSetup, const char* 
 {
     (void)exportSetup.getValue(&value, -1, -1, exportSetup.initMacroIDsfromStyleValueNames(name));
     return value;
-}
-
-void SetSensitivity(std::initializer_list<int> controls, bool sensitive)
-{
-    for (const int control : controls)
-        VtxGUISetSensitivity(control, sensitive ? TRUE : FALSE);
-}
-
-// What the user sees of a number field: its validator's value, kept within the bounds.
-template <typename T>
-void ShowClamped(vantix::vtxutiltools::TextFieldValidator<T>& validator, T value)
-{
-    validator.m_value = std::clamp(value, validator.m_minimum, validator.m_maximum);
-    validator.updateTextField();
-}
-
-template <typename T>
-void Bind(vantix::vtxutiltools::TextFieldValidator<T>& validator, int field)
-{
-    validator.m_textFieldId = field;
-    validator.updateTextField();
-}
-
-// Filling a menu brings it back to its first entry; the entry the user chose at the last launch is shown
-// again, so that the choices the host's export setup does not hold (the region) are kept between launches.
-template <typename T>
-void Bind(vantix::vtxutiltools::OptionMenuStaticManager<T>& menu, int optionMenu)
-{
-    std::optional<T> chosen;
-    if (menu.m_optionMenuId == optionMenu && VtxGUIOptionMenuGet(optionMenu) >= 1)
-        chosen = menu.chosenValue();
-    menu.m_optionMenuId = optionMenu;
-    menu.fillOptionMenu();
-    if (chosen)
-        menu.showValue(*chosen);
 }
 
 } // namespace
@@ -164,13 +131,13 @@ void DialogExportOptions::open(const boost::function<void()>& action)
         if (Dialog2Manager == GuiId_None)
             throw std::logic_error("the dialog could not be built");
         m_okAction = action;
-        Bind(m_widthValidator, Width_TF_D2);
-        Bind(m_animationSpeedValidator, AnimationSpeed_TF_D2);
-        Bind(m_supersampleFactorValidator, SupersampleFactor_TF_D2);
-        Bind(m_aviCompressionMenu, AVICompression_OPT_D2);
-        Bind(m_regionMenu, Region_OPT_D2);
-        Bind(m_flashImageTypeMenu, ImageType_OPT_D2);
-        Bind(m_formatMenu, Format_OPT_D2);
+        m_widthValidator.bindTextField(Width_TF_D2);
+        m_animationSpeedValidator.bindTextField(AnimationSpeed_TF_D2);
+        m_supersampleFactorValidator.bindTextField(SupersampleFactor_TF_D2);
+        m_aviCompressionMenu.bind(AVICompression_OPT_D2);
+        m_regionMenu.bind(Region_OPT_D2);
+        m_flashImageTypeMenu.bind(ImageType_OPT_D2);
+        m_formatMenu.bind(Format_OPT_D2);
         VtxGUIDialogLaunch(Dialog2Manager);
     }
     catch (...)
@@ -223,10 +190,10 @@ void DialogExportOptions::showHostExportSetup()
 {
     const vantix::toolbox::StyleValue exportSetup(vantix::toolbox::StringList("ExportSetup"));
     m_formatMenu.showValue(ReadExportSetting(exportSetup, "ExportFormat", ExportFormat_AVI));
-    ShowClamped(m_animationSpeedValidator, ReadExportSetting(exportSetup, "AnimationSpeed", 30.0));
+    m_animationSpeedValidator.showWithinBounds(ReadExportSetting(exportSetup, "AnimationSpeed", 30.0));
     VtxGUIToggleSet(Antialiasing_TOG_D2,
                     ReadExportSetting(exportSetup, "UseSuperSampleAntiAliasing", false) ? TRUE : FALSE);
-    ShowClamped(m_supersampleFactorValidator, ReadExportSetting(exportSetup, "SuperSampleFactor", 3));
+    m_supersampleFactorValidator.showWithinBounds(ReadExportSetting(exportSetup, "SuperSampleFactor", 3));
     // Colour preserving is not in the menu: the menu then stays where it is.
     m_aviCompressionMenu.showValue(
         ReadExportSetting(exportSetup, "AVICompression", AVICompression_ColorPreserving));

@@ -3,6 +3,7 @@
 #include "core/KeyFrame.h"
 #include "document/KeyFrameFile.h"
 #include "gui/CallbackShield.h"
+#include "gui/ControlSensitivity.h"
 #include "gui/DialogLayouts.h"
 #include "platform/HostGuards.h"
 
@@ -24,11 +25,6 @@ namespace
 const int MaximumFrameCount = std::numeric_limits<int>::max();
 // The frame count a new dialog offers, and the one a key frame captured into an empty list gets.
 const int DefaultFrameCount = 30;
-
-void SetSensitivity(int control, bool sensitive)
-{
-    VtxGUISetSensitivity(control, sensitive ? TRUE : FALSE);
-}
 
 void SetToggle(int toggle, bool on)
 {
@@ -112,10 +108,8 @@ void DialogMain::init_CB()
                 []
                 {
                     DialogMain& dialog = instance();
-                    dialog.m_destinationMenu.m_optionMenuId = Destination_OPT_D1;
-                    dialog.m_destinationMenu.fillOptionMenu();
-                    dialog.m_frameCountValidator.m_textFieldId = FrameCount_TF_D1;
-                    dialog.m_frameCountValidator.updateTextField();
+                    dialog.m_destinationMenu.bind(Destination_OPT_D1);
+                    dialog.m_frameCountValidator.bindTextField(FrameCount_TF_D1);
                     dialog.m_keyFrameListView.setGuiID(KeyFrameList_MLST_D1);
                     dialog.m_keyFrameListView.selectionModel()->addObserver(dialog);
                     dialog.m_keyFrameListView.resumeUpdates();
@@ -199,13 +193,12 @@ void DialogMain::update()
     const std::size_t keyFrames = m_keyFrameModel.size();
     const std::size_t selections = selected.size();
     const bool editing = keyFrames > 0 && selections > 0;
-    for (const int control : {Apply_BTN_D1, Update_BTN_D1, ViewName_TF_D1, ViewName_LBL_D1})
-        SetSensitivity(control, editing && selections == 1);
-    for (const int control : {Delete_BTN_D1, InsertKeyFrame_BTN_D1, FrameCount_LBL_D1, FrameCount_TF_D1})
-        SetSensitivity(control, editing);
-    SetSensitivity(AnimateSelected_BTN_D1, editing && selections >= 2);
-    SetSensitivity(Clear_BTN_D1, keyFrames > 0);
-    SetSensitivity(AnimateAll_BTN_D1, keyFrames >= 2);
+    SetSensitivity({Apply_BTN_D1, Update_BTN_D1, ViewName_TF_D1, ViewName_LBL_D1},
+                   editing && selections == 1);
+    SetSensitivity({Delete_BTN_D1, InsertKeyFrame_BTN_D1, FrameCount_LBL_D1, FrameCount_TF_D1}, editing);
+    SetSensitivity({AnimateSelected_BTN_D1}, editing && selections >= 2);
+    SetSensitivity({Clear_BTN_D1}, keyFrames > 0);
+    SetSensitivity({AnimateAll_BTN_D1}, keyFrames >= 2);
 
     m_destinationMenu.showValue(m_settings.destination);
 }
@@ -228,10 +221,10 @@ void DialogMain::updateSelectedKeyFrameInfo(const std::vector<unsigned long>& se
             return;
         }
     }
+    // A count beyond what the field holds is shown as the largest it can.
     const unsigned long frameCount = m_keyFrameModel.frameCount(selected.front());
-    m_frameCountValidator.m_value = static_cast<int>(
-        std::clamp<unsigned long>(frameCount, 1, static_cast<unsigned long>(MaximumFrameCount)));
-    m_frameCountValidator.updateTextField();
+    m_frameCountValidator.showWithinBounds(
+        static_cast<int>(std::min<unsigned long>(frameCount, static_cast<unsigned long>(MaximumFrameCount))));
 }
 
 void DialogMain::updateMenuToggles()

@@ -42,14 +42,14 @@ namespace
 
 // Turns one of the settings' switches over and shows it in its menu toggle. Whether the switch can work
 // with the data set is checked when an animation starts, not here.
-void ToggleSetting(const char* callback, bool Settings_s::*setting)
+void ToggleSetting(const char* callback, bool& (*setting)(Settings_s&))
 {
     RunShielded(callback,
                 [setting]
                 {
                     DialogMain& dialog = DialogMain::instance();
-                    Settings_s& settings = dialog.settings();
-                    settings.*setting = !(settings.*setting);
+                    bool& on = setting(dialog.settings());
+                    on = !on;
                     dialog.updateMenuToggles();
                 });
 }
@@ -58,28 +58,24 @@ void ToggleSetting(const char* callback, bool Settings_s::*setting)
 
 void DialogMain::animateTime_CB()
 {
-    RunShielded("DialogMain::animateTime_CB",
-                []
-                {
-                    DialogMain& dialog = instance();
-                    dialog.m_settings.timeOptions.animateTime = !dialog.m_settings.timeOptions.animateTime;
-                    dialog.updateMenuToggles();
-                });
+    ToggleSetting("DialogMain::animateTime_CB",
+                  [](Settings_s& s) -> bool& { return s.timeOptions.animateTime; });
 }
 
 void DialogMain::animateStreams_CB()
 {
-    ToggleSetting("DialogMain::animateStreams_CB", &Settings_s::animateStreamtraces);
+    ToggleSetting("DialogMain::animateStreams_CB",
+                  [](Settings_s& s) -> bool& { return s.animateStreamtraces; });
 }
 
 void DialogMain::fadeIn_CB()
 {
-    ToggleSetting("DialogMain::fadeIn_CB", &Settings_s::fadeIn);
+    ToggleSetting("DialogMain::fadeIn_CB", [](Settings_s& s) -> bool& { return s.fadeIn; });
 }
 
 void DialogMain::fadeOut_CB()
 {
-    ToggleSetting("DialogMain::fadeOut_CB", &Settings_s::fadeOut);
+    ToggleSetting("DialogMain::fadeOut_CB", [](Settings_s& s) -> bool& { return s.fadeOut; });
 }
 
 void DialogMain::timeAnimationOptions_CB()

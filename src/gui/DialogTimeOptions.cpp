@@ -1,6 +1,7 @@
 #include "gui/DialogTimeOptions.h"
 
 #include "gui/CallbackShield.h"
+#include "gui/ControlSensitivity.h"
 #include "gui/DialogLayouts.h"
 
 #include <VtxGUI.h>
@@ -52,8 +53,7 @@ void DialogTimeOptions::init_CB()
                 []
                 {
                     DialogTimeOptions& dialog = instance();
-                    dialog.m_numCyclesValidator.m_textFieldId = numCycles_TFS_D3;
-                    dialog.m_numCyclesValidator.updateTextField();
+                    dialog.m_numCyclesValidator.bindTextField(numCycles_TFS_D3);
                     if (!dialog.m_options)
                         return;
                     const TimeAnimationOptions_s& options = *dialog.m_options;
@@ -66,8 +66,7 @@ void DialogTimeOptions::init_CB()
                         VtxGUIRadioBoxSetToggle(animationOperation_RADIO_D3, chosen->first);
                     // A count beyond what the field holds is read as the field's int would hold it.
                     const auto cycles = static_cast<std::int32_t>(options.numCycles);
-                    dialog.m_numCyclesValidator.m_value = std::clamp<std::int32_t>(cycles, 1, MaximumCycles);
-                    dialog.m_numCyclesValidator.updateTextField();
+                    dialog.m_numCyclesValidator.showWithinBounds(cycles);
                     updateSensitivities(options.timeAnimationOperation);
                 });
 }
@@ -75,9 +74,7 @@ void DialogTimeOptions::init_CB()
 void DialogTimeOptions::updateSensitivities(TimeAnimationOperation_e operation)
 {
     HostLock lock;
-    const Boolean cycles = operation == Loop || operation == Bounce ? TRUE : FALSE;
-    VtxGUISetSensitivity(numCycles_LBL_D3, cycles);
-    VtxGUISetSensitivity(numCycles_TFS_D3, cycles);
+    SetSensitivity({numCycles_LBL_D3, numCycles_TFS_D3}, operation == Loop || operation == Bounce);
 }
 
 void DialogTimeOptions::animationOperation_RADIO_CB(const int* position)
@@ -95,8 +92,7 @@ int DialogTimeOptions::numCycles_TFS_ValueChanged_CB(const char* text)
 void DialogTimeOptions::stepCycles(int step)
 {
     const long long cycles = static_cast<long long>(m_numCyclesValidator.m_value) + step;
-    m_numCyclesValidator.m_value = static_cast<int>(std::clamp<long long>(cycles, 1, MaximumCycles));
-    m_numCyclesValidator.updateTextField();
+    m_numCyclesValidator.showWithinBounds(static_cast<int>(std::clamp<long long>(cycles, 1, MaximumCycles)));
 }
 
 void DialogTimeOptions::numCycles_TFS_ButtonUp_CB()

@@ -33,6 +33,18 @@ public:
             VtxGUIOptionMenuAppendItem(m_optionMenuId, m_model.displayString(index).c_str());
     }
 
+    // Binds the menu (made when its dialog is built) and fills it. Filling brings a menu back to its first
+    // entry, so a menu bound before shows again the entry it showed.
+    void bind(int optionMenuId)
+    {
+        const bool showedEntry = m_optionMenuId == optionMenuId && VtxGUIOptionMenuGet(optionMenuId) >= 1;
+        const T shown = showedEntry ? chosenValue() : T();
+        m_optionMenuId = optionMenuId;
+        fillOptionMenu();
+        if (showedEntry)
+            showValue(shown);
+    }
+
     std::string getDisplayString(const T& value) const
     {
         const unsigned long index = m_model.indexForData(value);

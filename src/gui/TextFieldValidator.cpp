@@ -3,6 +3,7 @@
 #include <VtxGUI.h>
 #include <VtxUtil.h>
 
+#include <algorithm>
 #include <limits>
 #include <locale>
 #include <sstream>
@@ -89,6 +90,20 @@ void TextFieldValidator<T>::updateTextField()
     if (m_textFieldId == GuiId_None)
         return;
     VtxGUITextFieldSetString(m_textFieldId, NumberText(m_value).c_str());
+}
+
+template <typename T>
+void TextFieldValidator<T>::bindTextField(int textFieldId)
+{
+    m_textFieldId = textFieldId;
+    updateTextField();
+}
+
+template <typename T>
+void TextFieldValidator<T>::showWithinBounds(T value)
+{
+    m_value = std::clamp(value, m_minimum, m_maximum);
+    updateTextField();
 }
 
 template <typename T>

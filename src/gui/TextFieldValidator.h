@@ -34,6 +34,10 @@ public:
     bool validate(const std::string& text);
     // Shows the value in the bound field; does nothing while no field is bound.
     void updateTextField();
+    // Binds the field (made when its dialog is built) and shows the value in it.
+    void bindTextField(int textFieldId);
+    // The value becomes value moved into the bounds, and the field shows it.
+    void showWithinBounds(T value);
 
     std::int32_t m_textFieldId;
     T m_value;
