@@ -269,17 +269,6 @@ TEST_F(ProgramTest, AFailingAddOnCommandExitsWith1WithTheAddOnsMessage)
     EXPECT_EQ("before\n", outcome.out);
 }
 
-TEST_F(ProgramTest, TheKeyFrameAddOnsRefusalIsItsTwoLineMessageWithExitStatus1)
-{
-    const std::string macro =
-        Macro("animate.mcr", "$!ADDONCOMMAND ADDONID = 'Key Frame Animation' COMMAND = 'Animate'\n");
-    const Outcome outcome = RunVantix({macro});
-    EXPECT_EQ(1, outcome.exitStatus);
-    EXPECT_EQ(macro + ":2: Key Frame Animation error:\nInvalid macro command: missing value for parameter "
-                      "\"AnimationDestination\"\n",
-              outcome.err);
-}
-
 TEST_F(ProgramTest, ProgressIsShownAsPlainLinesWhenStandardErrorIsNoTerminal)
 {
     const Outcome outcome = RunVantix(WithTestAddOn({Macro("progress.mcr", AddOnCommand("progress 20"))}));
@@ -422,8 +411,6 @@ namespace
 
 TEST_F(ProgramTest, TheKeyFrameExampleFliesThroughItsKeyViewsIntoAMovie)
 {
-    if (!testsupport::HaveFfprobe())
-        GTEST_SKIP() << "ffprobe is not installed";
     // The key frame file is found beside the macro, whatever the working folder; narrower, to be quick.
     std::string macro = testsupport::ReadFile(EXAMPLES_FOLDER "/keyframe_demo.mcr");
     const std::string width = "ImageWidth = 1280";
@@ -433,12 +420,7 @@ TEST_F(ProgramTest, TheKeyFrameExampleFliesThroughItsKeyViewsIntoAMovie)
                   m_folder.path() / "aircraft_flyaround.keyframe");
     const Outcome outcome = RunVantix({(m_folder.path() / "keyframe_demo.mcr").string()});
     ASSERT_EQ(0, outcome.exitStatus) << outcome.err;
-
-    const auto probed = testsupport::Probe(m_folder.path() / "keyframe_demo.mp4");
-    EXPECT_EQ("h264", testsupport::Probed(probed, "codec_name"));
-    EXPECT_EQ("121", testsupport::Probed(probed, "nb_read_frames")); // 1 + 5 key frame spans of 24
-    EXPECT_EQ("320", testsupport::Probed(probed, "width"));
-    // Faded in from black and out to black.
+    // 1 + 5 key frame spans of 24 frames, faded in from black and out to black.
     const std::vector<int> brightness = testsupport::FrameBrightness(m_folder.path() / "keyframe_demo.mp4");
     ASSERT_EQ(121u, brightness.size());
     EXPECT_EQ(std::make_pair(16, 16), std::make_pair(brightness.front(), brightness.back()));

@@ -3,6 +3,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <map>
 #include <memory>
@@ -17,27 +18,30 @@ inline bool HaveFfprobe()
     return std::system("ffprobe -version >/dev/null 2>&1") == 0;
 }
 
+// What ffprobe prints for these arguments, line by line without the line breaks; nothing when it fails.
+inline std::vector<std::string> FfprobeLines(const std::string& arguments)
+{
+    std::vector<std::string> lines;
+    std::unique_ptr<FILE, int (*)(FILE*)> pipe(
+        popen(("ffprobe -v error " + arguments + " 2>/dev/null").c_str(), "r"), pclose);
+    char line[512];
+    while (pipe && std::fgets(line, sizeof line, pipe.get()))
+        lines.emplace_back(line, std::strcspn(line, "\r\n"));
+    return lines;
+}
+
 // The first video stream's codec_name, width, height, r_frame_rate and nb_read_frames (every frame
 // decoded and counted) and the container's format_name; an empty map when ffprobe cannot read the file.
 inline std::map<std::string, std::string> Probe(const std::filesystem::path& file)
 {
-    const std::string command =
-        "ffprobe -v error -select_streams v:0 -count_frames -show_entries "
-        "stream=codec_name,width,height,r_frame_rate,nb_read_frames:format=format_name "
-        "-of default=noprint_wrappers=1 '" +
-        file.string() + "' 2>/dev/null";
     std::map<std::string, std::string> values;
-    std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), pclose);
-    if (!pipe)
-        return values;
-    char line[512];
-    while (std::fgets(line, sizeof line, pipe.get()))
-    {
-        const std::string text(line);
-        const auto equals = text.find('=');
-        if (equals != std::string::npos)
-            values[text.substr(0, equals)] = text.substr(equals + 1, text.find_last_not_of("\r\n") - equals);
-    }
+    for (const std::string& line :
+         FfprobeLines("-select_streams v:0 -count_frames -show_entries "
+                      "stream=codec_name,width,height,r_frame_rate,nb_read_frames:format=format_name "
+                      "-of default=noprint_wrappers=1 '" +
+                      file.string() + "'"))
+        if (line.find('=') != std::string::npos)
+            values[line.substr(0, line.find('='))] = line.substr(line.find('=') + 1);
     return values;
 }
 
@@ -51,14 +55,12 @@ inline std::string Probed(const std::map<std::string, std::string>& values, cons
 // The brightest luma of each frame, in frame order (16 is black in the limited range movies use).
 inline std::vector<int> FrameBrightness(const std::filesystem::path& file)
 {
-    const std::string command =
-        "ffprobe -v error -f lavfi \"movie='" + file.string() +
-        "',signalstats\" -show_entries frame_tags=lavfi.signalstats.YMAX -of csv=p=0 2>/dev/null";
     std::vector<int> brightness;
-    std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), pclose);
-    char line[64];
-    while (pipe && std::fgets(line, sizeof line, pipe.get()))
-        brightness.push_back(std::atoi(line));
+    for (const std::string& line :
+         FfprobeLines("-f lavfi \"movie='" + file.string() +
+                      "',signalstats\" -show_entries frame_tags=lavfi.signalstats.YMAX "
+                      "-of csv=p=0"))
+        brightness.push_back(std::atoi(line.c_str()));
     return brightness;
 }
 
