@@ -12,7 +12,6 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <string>
 
 using namespace vantix::host;
 using namespace vantix::vtxutiltools;

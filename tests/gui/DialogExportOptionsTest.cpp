@@ -6,10 +6,7 @@
 #include <support/MainDialogTest.h>
 #include <support/TempFolder.h>
 
-#include <functional>
-#include <string>
 #include <tuple>
-#include <vector>
 
 using namespace vantix::host;
 using ::testing::IsEmpty;
@@ -73,45 +70,35 @@ protected:
     std::vector<int> m_lockDepthsInAction; // one per run of the action
 };
 
-TEST_F(DialogExportOptionsTest, GreysOutWhatTheFormatWidthChoiceAndAntialiasingLeaveUnused)
+// The format, the width choice and antialiasing grey out what they leave unused: the AVI compression, the
+// Flash options, the width field, the animation speed and the supersample factor, in this order. The image
+// size shown is the region's, or the entered width with the region's aspect.
+TEST_F(DialogExportOptionsTest, GreysOutWhatTheChoicesLeaveUnusedAndShowsTheImageSize)
 {
+    setFramePlacement(addFrame(PlotType_Cartesian3D), {0.5, 2.0, 4.0, 6.0}); // both: 10.5 x 7 inches
+    activateFrame(m_frame);
     // clang-format off
     const std::vector<Ints> groups = {{AVICompression_LBL_D2, AVICompression_OPT_D2},
         {ImageType_LBL_D2, ImageType_OPT_D2, Optimization_RADIO_D2}, {Width_TF_D2},
         {AnimationSpeed_TF_D2, AnimationSpeed_LBL_D2}, {SupersampleFactor_LBL_D2, SupersampleFactor_TF_D2}};
     // clang-format on
-    // Format and width choice, antialiasing, and the sensitivity of each group.
-    const std::tuple<int, int, bool, std::vector<bool>> cases[] = {
-        {1, 1, false, {true, false, false, true, false}},   {2, 2, true, {false, false, true, true, true}},
-        {3, 1, true, {false, true, false, true, true}},     {4, 2, false, {false, false, true, true, false}},
-        {5, 1, false, {false, false, false, false, false}}, {6, 2, true, {false, false, true, true, true}},
+    const std::tuple<int, int, bool, int, std::string, std::string> cases[] = {
+        {1, 1, false, 1, "10010", "Dimensions: 1000 x 667"},
+        {2, 2, true, 1, "00111", "Dimensions: 640 x 426"},
+        {3, 1, true, 2, "01011", "Dimensions: 1050 x 700"},
+        {4, 2, false, 2, "00110", "Dimensions: 640 x 426"},
+        {5, 1, false, 3, "00000", "Dimensions: 1100 x 850"},
+        {6, 2, true, 3, "00111", "Dimensions: 640 x 494"},
     };
-    for (const auto& [format, widthChoice, antialiasing, sensitive] : cases)
+    for (const auto& [format, widthChoice, antialiasing, region, sensitive, dimensions] : cases)
     {
         chooseOption(Format_OPT_D2, format);
         chooseRadioButton(Width_RADIO_D2, widthChoice);
         SetToggle(antialiasing);
-        for (std::size_t g = 0; g < groups.size(); ++g)
-            for (const int control : groups[g])
-                EXPECT_EQ(sensitive[g], guiElement(control).sensitive) << format << ", group " << g;
-        EXPECT_EQ(1, lockDepth(AddOnID)); // the dialog's own, as before every callback
-    }
-}
-
-TEST_F(DialogExportOptionsTest, ShowsTheRegionsImageSizeOrTheEnteredWidthWithTheRegionsAspect)
-{
-    setFramePlacement(addFrame(PlotType_Cartesian3D), {0.5, 2.0, 4.0, 6.0}); // both: 10.5 x 7 inches
-    activateFrame(m_frame);
-    const std::tuple<int, int, std::string> cases[] = {
-        {1, 1, "Dimensions: 1000 x 667"}, {1, 2, "Dimensions: 640 x 426"},  {2, 1, "Dimensions: 1050 x 700"},
-        {2, 2, "Dimensions: 640 x 426"},  {3, 1, "Dimensions: 1100 x 850"}, {3, 2, "Dimensions: 640 x 494"},
-    };
-    for (const auto& [region, widthChoice, label] : cases)
-    {
-        chooseRadioButton(Width_RADIO_D2, widthChoice);
         chooseOption(Region_OPT_D2, region);
-        EXPECT_EQ(label, Shown(ImageDimensions_LBL_D2)) << region;
-        EXPECT_EQ(1, lockDepth(AddOnID));
+        // The dialog's own lock is held, as before every callback.
+        EXPECT_EQ(std::make_tuple(sensitive, dimensions, 1),
+                  std::make_tuple(Sensitivities(groups), Shown(ImageDimensions_LBL_D2), lockDepth(AddOnID)));
     }
     // The same dialog comes up again, and, as the host's export setup has no region until OK, with the
     // region chosen.

@@ -11,9 +11,7 @@
 #include <exception>
 #include <new>
 #include <stdexcept>
-#include <string>
 #include <tuple>
-#include <vector>
 
 using namespace vantix::vtxutiltools;
 using namespace vantix::host;

@@ -1,6 +1,6 @@
 // The main dialog as a user meets it: the sensitivity of its controls for every kind of selection, the
-// selected key frame's fields, the options and destination it shows, closing and relaunching, help, and
-// closing itself when the active frame stops being 3D.
+// selected key frame's fields, the options and destination it shows, closing and relaunching, and help.
+// Closing itself when the active frame stops being 3D is in the add-on's workflow test.
 //
 // The layout of all three dialogs and of the main dialog's menu bar, every control with its kind, label,
 // place, callback and tooltip, is checked against the reference tests/gui/reference/dialog_layouts.txt (one
@@ -16,9 +16,6 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include <string>
-#include <vector>
-
 using namespace vantix::vtxutiltools;
 using namespace vantix::host;
 using ::testing::ElementsAre;
@@ -27,14 +24,13 @@ using testsupport::DialogMainTest;
 namespace
 {
 
+// Apply, Update and the name; Delete, Insert and the frame count; Animate Selected; Clear; Animate All;
+// capturing and the destination, for the key frames and the selection.
 TEST_F(DialogMainTest, SensitivityFollowsTheListAndTheSelection)
 {
-    // Key frames and the selection; then Apply, Update and the name; Delete, Insert and the frame count;
-    // Animate Selected; Clear; Animate All.
-    const std::tuple<unsigned long, std::vector<int>, std::vector<bool>> cases[] = {
-        {0, {}, {0, 0, 0, 0, 0}},        {1, {}, {0, 0, 0, 1, 0}},  {1, {0}, {1, 1, 0, 1, 0}},
-        {3, {}, {0, 0, 0, 1, 1}},        {3, {1}, {1, 1, 0, 1, 1}}, {3, {0, 2}, {0, 1, 1, 1, 1}},
-        {3, {0, 1, 2}, {0, 1, 1, 1, 1}},
+    const std::tuple<unsigned long, std::vector<int>, std::string> cases[] = {
+        {0, {}, "000001"},  {1, {}, "000101"},     {1, {0}, "110101"},       {3, {}, "000111"},
+        {3, {1}, "110111"}, {3, {0, 2}, "011111"}, {3, {0, 1, 2}, "011111"},
     };
     // clang-format off
     const std::vector<std::vector<int>> groups = {{Apply_BTN_D1, Update_BTN_D1, ViewName_TF_D1, ViewName_LBL_D1},
@@ -45,10 +41,8 @@ TEST_F(DialogMainTest, SensitivityFollowsTheListAndTheSelection)
     {
         dialog().applyDataModel(ListModelKeyFrame());
         ShowKeyFrames(std::vector<unsigned long>(keyFrames, 5), selected);
-        for (std::size_t g = 0; g < groups.size(); ++g)
-            for (const int control : groups[g])
-                EXPECT_EQ(g < sensitive.size() ? sensitive[g] : true, guiElement(control).sensitive)
-                    << keyFrames << " key frames, " << selected.size() << " selected, group " << g;
+        EXPECT_EQ(sensitive, Sensitivities(groups))
+            << keyFrames << " key frames, " << selected.size() << " selected";
     }
 }
 
@@ -71,8 +65,11 @@ TEST_F(DialogMainTest, ShowsTheFirstSelectedNameAndTheFrameCountTheSelectionShar
     }
 }
 
-TEST_F(DialogMainTest, IsBuiltOnceAndKeepsKeyFramesSettingsAndDestinationAcrossCloseAndRelaunch)
+TEST_F(DialogMainTest, HelpsAndIsBuiltOnceKeepingKeyFramesSettingsAndDestinationAcrossCloseAndRelaunch)
 {
+    pressHelp(Dialog1Manager); // the add-on's own page
+    EXPECT_EQ(std::make_pair(std::string("key_frame_animation.html"), true),
+              std::make_pair(helpRequests().at(0).page, helpRequests().at(0).found));
     const GuiElement main = guiElement(Dialog1Manager);
     const std::size_t dialogCount = dialogs().size();
     ShowKeyFrames({10, 20}, {1});
@@ -102,18 +99,6 @@ TEST_F(DialogMainTest, IsBuiltOnceAndKeepsKeyFramesSettingsAndDestinationAcrossC
         (std::vector<bool>{guiElement(MenuEntry("Animate &Time Concurrently")).on,
                            guiElement(MenuEntry("Animate &Streamtraces Concurrently")).on,
                            guiElement(MenuEntry("Fade &In")).on, guiElement(MenuEntry("Fade &Out")).on}));
-}
-
-TEST_F(DialogMainTest, HelpOpensTheAddOnsPageAndTheDialogClosesOnA2DFrame)
-{
-    pressHelp(Dialog1Manager);
-    EXPECT_EQ(std::make_pair(std::string("key_frame_animation.html"), true),
-              std::make_pair(helpRequests().at(0).page, helpRequests().at(0).found));
-
-    setPlotType(PlotType_Cartesian2D);
-    EXPECT_FALSE(DialogMain::okToLaunch());
-    runOnIdleUntilEmpty();
-    EXPECT_FALSE(DialogMain::isVisible());
 }
 
 TEST_F(DialogMainTest, AllDialogsAreLaidOutAsTheReferenceShows)

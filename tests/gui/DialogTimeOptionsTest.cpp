@@ -4,9 +4,6 @@
 
 #include <support/MainDialogTest.h>
 
-#include <string>
-#include <vector>
-
 using namespace vantix::vtxutiltools;
 using namespace vantix::host;
 using ::testing::ElementsAre;
@@ -29,15 +26,9 @@ protected:
 
 TEST_F(DialogTimeOptionsTest, ChangesTheSettingsOnOkOnlyInTheSameDialogEachTime)
 {
-    struct Edit_s
-    {
-        TimeAnimationOptions_s before;
-        int radioButton; // 0: left as shown
-        std::string cycles;
-        bool ok;
-        TimeAnimationOptions_s after;
-    };
-    const Edit_s cases[] = {
+    // The options shown, the radio button chosen (0: left as shown), the cycles typed, OK or Cancel, and the
+    // options afterwards.
+    const std::tuple<TimeAnimationOptions_s, int, std::string, bool, TimeAnimationOptions_s> cases[] = {
         {{false, Forward, 1}, 3, "3", true, {true, Bounce, 3}},
         {{false, Forward, 1}, 2, "7", false, {false, Forward, 1}},
         {{true, Bounce, 4}, 1, "", false, {true, Bounce, 4}},
@@ -46,24 +37,23 @@ TEST_F(DialogTimeOptionsTest, ChangesTheSettingsOnOkOnlyInTheSameDialogEachTime)
         {{true, Loop, 0}, 0, "", true, {true, Loop, 1}},
     };
     std::vector<int> controls; // the same every time
-    for (const Edit_s& edit : cases)
+    for (const auto& [before, radioButton, cycles, ok, after] : cases)
     {
-        Open(edit.before);
+        Open(before);
         controls = controls.empty() ? guiElement(Dialog3Manager).children : controls;
-        EXPECT_EQ(controls, guiElement(Dialog3Manager).children);
-        EXPECT_EQ(static_cast<int>(edit.before.timeAnimationOperation) + 1,
-                  guiElement(animationOperation_RADIO_D3).choice);
-        if (edit.radioButton != 0)
-            chooseRadioButton(animationOperation_RADIO_D3, edit.radioButton);
-        if (!edit.cycles.empty())
-            enterText(numCycles_TFS_D3, edit.cycles);
-        edit.ok ? pressOk(Dialog3Manager) : pressCancel(Dialog3Manager);
-
-        const TimeAnimationOptions_s& after = dialog().settings().timeOptions;
-        EXPECT_EQ(std::make_tuple(false, 0, edit.after.animateTime, edit.after.timeAnimationOperation,
-                                  edit.after.numCycles, edit.after.animateTime),
-                  std::make_tuple(guiElement(Dialog3Manager).up, lockDepth(AddOnID), after.animateTime,
-                                  after.timeAnimationOperation, after.numCycles,
+        EXPECT_EQ(std::make_pair(controls, static_cast<int>(before.timeAnimationOperation) + 1),
+                  std::make_pair(guiElement(Dialog3Manager).children,
+                                 guiElement(animationOperation_RADIO_D3).choice));
+        if (radioButton != 0)
+            chooseRadioButton(animationOperation_RADIO_D3, radioButton);
+        if (!cycles.empty())
+            enterText(numCycles_TFS_D3, cycles);
+        ok ? pressOk(Dialog3Manager) : pressCancel(Dialog3Manager);
+        const TimeAnimationOptions_s& now = dialog().settings().timeOptions;
+        EXPECT_EQ(std::make_tuple(false, 0, after.animateTime, after.timeAnimationOperation, after.numCycles,
+                                  after.animateTime),
+                  std::make_tuple(guiElement(Dialog3Manager).up, lockDepth(AddOnID), now.animateTime,
+                                  now.timeAnimationOperation, now.numCycles,
                                   guiElement(MenuEntry("Animate &Time Concurrently")).on));
     }
 }
@@ -71,13 +61,12 @@ TEST_F(DialogTimeOptionsTest, ChangesTheSettingsOnOkOnlyInTheSameDialogEachTime)
 TEST_F(DialogTimeOptionsTest, OffersTheCycleCountForLoopAndBounceOnlyAndStepsItByOne)
 {
     Open({false, Forward, 1});
-    const auto CyclesSensitive = []
-    { return guiElement(numCycles_TFS_D3).sensitive && guiElement(numCycles_LBL_D3).sensitive; };
-    EXPECT_FALSE(CyclesSensitive());
+    EXPECT_EQ("0", Sensitivities({{numCycles_TFS_D3, numCycles_LBL_D3}}));
     for (const int button : {1, 4, 3, 2})
     {
         chooseRadioButton(animationOperation_RADIO_D3, button);
-        EXPECT_EQ(button == 2 || button == 3, CyclesSensitive()) << button;
+        EXPECT_EQ(button == 2 || button == 3 ? "1" : "0",
+                  Sensitivities({{numCycles_TFS_D3, numCycles_LBL_D3}}));
     }
     spinDown(numCycles_TFS_D3); // stays at 1
     spinUp(numCycles_TFS_D3);

@@ -1,299 +1,161 @@
-// A list view's selection models over a real host list control: positions from 1 against indices from 0,
-// single against multiple selection, indices the control does not hold, the observers told of every change,
-// the host's selection array given back, and a view without a control.
+// A list view's selection models over a real host list control, every call under the host lock: positions
+// from 1 against indices from 0, single against multiple selection, indices the control does not hold, the
+// observers told of every change, the host's selection array given back, and a view without a control.
 #include "gui/ListSelectionModel.h"
-#include "document/ListModelKeyFrame.h"
-#include "gui/ListView.h"
 
-#include <support/AddOnTest.h>
+#include <support/GuiListTest.h>
 
-#include <VtxGUI.h>
-#include <VtxUtil.h>
-#include <vantix/host/Gui.h>
-#include <vantix/host/Host.h>
-
-#include <cstddef>
-#include <string>
-#include <vector>
+#include <functional>
 
 using namespace vantix::vtxutiltools;
 using ::testing::ElementsAre;
-using ::testing::ElementsAreArray;
 using ::testing::IsEmpty;
+using Indices = std::vector<unsigned long>;
 
 namespace
 {
 
-void NoAction() {}
-
 // The view whose list the user clicks in; its callback tells the selection model, as a dialog does.
 ListView* clickedView = nullptr;
-void ListClicked(const int*)
-{
-    clickedView->selectionModel()->selectionChanged();
-}
 
 // Every selection it was told of, in order.
-class RecordingObserver : public ListSelectionModelObserverInterface
+struct RecordingObserver : ListSelectionModelObserverInterface
 {
-public:
-    void selectionChanged(const std::vector<unsigned long>& selected) override { m_told.push_back(selected); }
-    std::vector<std::vector<unsigned long>> m_told;
+    void selectionChanged(const Indices& selected) override { told.push_back(selected); }
+    std::vector<Indices> told;
 };
 
-class ListSelectionModelTest : public testsupport::AddOnTest
+class ListSelectionModelTest : public testsupport::GuiListTest
 {
 protected:
-    void SetUp() override
-    {
-        AddOnTest::SetUp();
-        m_dialog = VtxGUIDialogCreateModeless(GuiId_MainWindow, 400, 300, "List Selection", nullptr, NoAction,
-                                              nullptr);
-        std::vector<KeyFrame_s> keyFrames;
-        for (const char* name : {"A", "B", "C", "D", "E"})
-            keyFrames.emplace_back(View(), name, 30, 0.0);
-        m_keyFrames.setDataList(keyFrames);
-    }
-
-    void TearDown() override
-    {
-        clickedView = nullptr;
-        AddOnTest::TearDown();
-    }
-
-    // A list of the five key frames shown by a view of the given kind.
-    int ShowInList(ListView& view, bool multiSelection)
+    // A new list of the five key frames "A" to "E" shown by the view.
+    int ShowInList(ListView& view, bool multiSelection = true)
     {
         const int list =
-            VtxGUIListAdd(m_dialog, 10, 10, 200, 200, multiSelection ? TRUE : FALSE, ListClicked);
+            AddList(multiSelection, [](const int*) { clickedView->selectionModel()->selectionChanged(); });
+        m_keyFrames.setDataList(testsupport::KeyFrames("ABCDE"));
         view.setModel(m_keyFrames);
         view.setGuiID(list);
         return list;
     }
 
-    static std::vector<int> SelectedPositions(int list) { return vantix::host::guiElement(list).selected; }
-
-    static void Select(int list, std::vector<int> positions)
+    static Indices IndicesOf(const std::vector<int>& positions)
     {
-        VtxGUIListSetSelectedItems(list, positions.data(), static_cast<int>(positions.size()));
-    }
-
-    // The indices of list positions.
-    static std::vector<unsigned long> Indices(const std::vector<int>& positions)
-    {
-        std::vector<unsigned long> indices;
+        Indices indices;
         for (const int position : positions)
             indices.push_back(static_cast<unsigned long>(position - 1));
         return indices;
     }
-
-    static ListSelectionModelAbstract& Abstract(ListView& view)
-    {
-        return dynamic_cast<ListSelectionModelAbstract&>(*view.selectionModel());
-    }
-
-    int m_dialog = GuiId_None;
-    ListModelKeyFrame m_keyFrames;
 };
 
 } // namespace
 
-TEST_F(ListSelectionModelTest, SetSelectedItemsSelectsTheIndicesTheListHoldsAndTellsTheObservers)
+// The observers are told the selection read back from the host, whose array is given back when there is
+// one; a single selected item is also answered on its own.
+TEST_F(ListSelectionModelTest, SettingTheSelectionSelectsTheIndicesTheListHoldsAndTellsTheObservers)
 {
+    using Set = std::function<void(ListSelectionModelInterface&)>;
+    const auto Items = [](Indices items) -> Set
+    { return [=](ListSelectionModelInterface& selection) { selection.setSelectedItems(items); }; };
+    const auto Item = [](int index) -> Set
+    { return [=](ListSelectionModelInterface& selection) { selection.setSelectedItem(index); }; };
     const unsigned long minusOne = 0xFFFFFFFFul; // -1 taken as a signed 32-bit integer
-    const struct
-    {
-        ListView::SelectionModel_e kind;
-        std::vector<unsigned long> items;
-        std::vector<int> positions;
-    } cases[] = {
-        {ListView::SingleSelection, {2, 0}, {3}},
-        {ListView::SingleSelection, {7, 5, 1, 3}, {2}},
-        {ListView::SingleSelection, {}, {}},
-        {ListView::SingleSelection, {9}, {}},
-        {ListView::MultiSelection, {2, 0}, {1, 3}},
-        {ListView::MultiSelection, {4, 5, 1}, {2, 5}},
-        {ListView::MultiSelection, {minusOne, 3}, {4}},
-        {ListView::MultiSelection, {}, {}},
-        {static_cast<ListView::SelectionModel_e>(2), {0, 4}, {1, 5}},
+    const auto Single = ListView::SingleSelection, Multi = ListView::MultiSelection;
+    const std::tuple<ListView::SelectionModel_e, Set, std::vector<int>> cases[] = {
+        // clang-format off
+        {Single, Items({2, 0}), {3}}, {Single, Items({7, 5, 1, 3}), {2}}, {Single, Items({}), {}},
+        {Single, Items({9}), {}}, {Multi, Items({2, 0}), {1, 3}}, {Multi, Items({4, 5, 1}), {2, 5}},
+        {Multi, Items({minusOne, 3}), {4}}, {Multi, Items({}), {}}, {Multi, Items({0, 3, 4}), {1, 4, 5}},
+        {static_cast<ListView::SelectionModel_e>(2), Items({0, 4}), {1, 5}}, // any but single is multiple
+        {Multi, Item(-1), {}}, {Multi, Item(5), {}}, {Multi, Item(100), {}}, {Multi, Item(0), {1}},
+        {Single, Item(4), {5}},
+        // clang-format on
     };
-    for (const auto& c : cases)
+    for (const auto& [kind, set, positions] : cases)
     {
-        SCOPED_TRACE(::testing::PrintToString(c.items) + " kind " + std::to_string(c.kind));
-        ListView view(c.kind);
-        const int list = ShowInList(view, c.kind != ListView::SingleSelection);
+        SCOPED_TRACE(::testing::PrintToString(positions));
+        ListView view(kind);
+        const int list = ShowInList(view, kind != Single);
         Select(list, {4});
         RecordingObserver observer;
         view.selectionModel()->addObserver(observer);
-
-        view.selectionModel()->setSelectedItems(c.items);
-        EXPECT_THAT(SelectedPositions(list), ElementsAreArray(c.positions));
-        EXPECT_THAT(observer.m_told, ElementsAre(Indices(c.positions)));
-        view.selectionModel()->removeObserver(observer);
+        const long released = vantix::host::callCount("VtxUtilArrayDealloc");
+        MarkTrace();
+        set(*view.selectionModel());
+        const long releasedSince = vantix::host::callCount("VtxUtilArrayDealloc") - released;
+        EXPECT_EQ(std::make_tuple(positions, std::vector<Indices>{IndicesOf(positions)},
+                                  positions.empty() ? 0l : 1l, positions.size() == 1 ? positions[0] - 1 : -1),
+                  std::make_tuple(SelectedPositions(list), observer.told, releasedSince,
+                                  view.selectionModel()->getSelectedItem()));
+        EXPECT_THAT(ControlCallsSinceMark(true), IsEmpty());
     }
 }
 
-TEST_F(ListSelectionModelTest, SetSelectedItemClearsTheSelectionForAnIndexOutsideTheListAndTellsTheObservers)
-{
-    const struct
-    {
-        int index;
-        std::vector<int> positions;
-    } cases[] = {
-        {-1, {}}, {5, {}}, {100, {}}, {0, {1}}, {4, {5}},
-    };
-    for (const auto& c : cases)
-    {
-        SCOPED_TRACE(c.index);
-        ListView view(ListView::MultiSelection);
-        const int list = ShowInList(view, true);
-        Select(list, {2, 3});
-        RecordingObserver observer;
-        view.selectionModel()->addObserver(observer);
-
-        view.selectionModel()->setSelectedItem(c.index);
-        EXPECT_THAT(SelectedPositions(list), ElementsAreArray(c.positions));
-        EXPECT_THAT(observer.m_told, ElementsAre(Indices(c.positions)));
-        view.selectionModel()->removeObserver(observer);
-    }
-}
-
-TEST_F(ListSelectionModelTest, GetSelectedItemAnswersOnlyForExactlyOneSelectedItem)
-{
-    const struct
-    {
-        std::vector<int> positions;
-        int expected;
-    } cases[] = {
-        {{}, -1},
-        {{3}, 2},
-        {{1}, 0},
-        {{2, 5}, -1},
-    };
-    for (const auto& c : cases)
-    {
-        SCOPED_TRACE(c.expected);
-        ListView view(ListView::MultiSelection);
-        const int list = ShowInList(view, true);
-        Select(list, c.positions);
-        EXPECT_EQ(c.expected, view.selectionModel()->getSelectedItem());
-    }
-}
-
-TEST_F(ListSelectionModelTest, GetSelectedItemsConvertsPositionsToIndicesAndGivesTheHostArrayBack)
+TEST_F(ListSelectionModelTest, ObserversHearTheSelectionTheUserMadeOrAListChangeRestoredOnceEach)
 {
     ListView view(ListView::MultiSelection);
-    const int list = ShowInList(view, true);
-    std::vector<unsigned long> selected{42, 43};
-
-    Select(list, {1, 4, 5});
-    long released = vantix::host::callCount("VtxUtilArrayDealloc");
-    view.selectionModel()->getSelectedItems(selected);
-    EXPECT_THAT(selected, ElementsAre(0ul, 3ul, 4ul));
-    EXPECT_EQ(released + 1, vantix::host::callCount("VtxUtilArrayDealloc"));
-    EXPECT_EQ(0, vantix::host::outstandingHostArrays());
-
-    // With nothing selected the host hands out no array, and there is nothing to give back.
-    VtxGUIListDeselectAllItems(list);
-    released = vantix::host::callCount("VtxUtilArrayDealloc");
-    view.selectionModel()->getSelectedItems(selected);
-    EXPECT_THAT(selected, IsEmpty());
-    EXPECT_EQ(released, vantix::host::callCount("VtxUtilArrayDealloc"));
-}
-
-TEST_F(ListSelectionModelTest, ObserversHearTheSelectionTheUserMadeOnceEach)
-{
-    ListView view(ListView::MultiSelection);
-    const int list = ShowInList(view, true);
+    const int list = ShowInList(view);
     clickedView = &view;
     VtxGUIDialogLaunch(m_dialog);
     RecordingObserver first, second, removed;
-    view.selectionModel()->addObserver(first);
-    view.selectionModel()->addObserver(first);
-    view.selectionModel()->addObserver(second);
-    view.selectionModel()->addObserver(removed);
+    for (RecordingObserver* observer : {&first, &first, &second, &removed})
+        view.selectionModel()->addObserver(*observer);
     view.selectionModel()->removeObserver(removed);
-
     vantix::host::selectListItems(list, {2, 4});
-    const std::vector<unsigned long> expected{1, 3};
-    EXPECT_THAT(first.m_told, ElementsAre(expected));
-    EXPECT_THAT(second.m_told, ElementsAre(expected));
-    EXPECT_THAT(removed.m_told, IsEmpty());
-
     vantix::host::selectListItem(list, 5);
-    EXPECT_THAT(first.m_told.back(), ElementsAre(4ul));
     VtxGUIDialogDrop(m_dialog);
-}
-
-TEST_F(ListSelectionModelTest, ObserversHearTheSelectionThatAListChangeRestored)
-{
-    ListView view(ListView::MultiSelection);
-    const int list = ShowInList(view, true);
-    Select(list, {5});
-    RecordingObserver observer;
-    view.selectionModel()->addObserver(observer);
+    EXPECT_THAT(first.told, ElementsAre(Indices{1, 3}, Indices{4}));
+    EXPECT_EQ(first.told, second.told);
+    EXPECT_THAT(removed.told, IsEmpty());
 
     // Index 4 is gone after the deletion; index 2 stays selected across the renaming.
+    first.told.clear();
     m_keyFrames.removeItem(1);
     Select(list, {3});
     m_keyFrames.setName(0, "Renamed");
-    EXPECT_THAT(observer.m_told, ElementsAre(IsEmpty(), ElementsAre(2ul)));
+    EXPECT_THAT(first.told, ElementsAre(IsEmpty(), ElementsAre(2ul)));
     EXPECT_THAT(SelectedPositions(list), ElementsAre(3));
 }
 
-TEST_F(ListSelectionModelTest, EraseInvalidItemsKeepsTheIndicesTheListHoldsInTheirOrder)
+TEST_F(ListSelectionModelTest, InitReplacesTheSelectionModelWhichKeepsTheIndicesTheListHolds)
 {
     ListView view(ListView::MultiSelection);
-    ShowInList(view, true);
-    const ListSelectionModelAbstract& selection = Abstract(view);
-
-    std::vector<int> signedItems{-1, 4, 0, 5, 2, -7};
-    selection.eraseInvalidItems(signedItems);
-    EXPECT_THAT(signedItems, ElementsAre(4, 0, 2));
-
-    std::vector<unsigned long> unsignedItems{3, 0xFFFFFFFFul, 5, 1, 0x80000000ul};
-    selection.eraseInvalidItems(unsignedItems);
-    EXPECT_THAT(unsignedItems, ElementsAre(3ul, 1ul));
-}
-
-TEST_F(ListSelectionModelTest, InitReplacesTheSelectionModelWithOneOfTheKindAsked)
-{
-    ListView view(ListView::MultiSelection);
-    const int list = ShowInList(view, true);
+    const int list = ShowInList(view);
     view.init(ListView::SingleSelection);
     view.selectionModel()->setSelectedItems({2, 0});
     EXPECT_THAT(SelectedPositions(list), ElementsAre(3));
-    EXPECT_EQ(&view, &Abstract(view).parentView());
+    const auto& selection = dynamic_cast<ListSelectionModelAbstract&>(*view.selectionModel());
+    EXPECT_EQ(&view, &selection.parentView());
+
+    std::vector<int> signedItems{-1, 4, 0, 5, 2, -7};
+    selection.eraseInvalidItems(signedItems);
+    Indices unsignedItems{3, 0xFFFFFFFFul, 5, 1, 0x80000000ul};
+    selection.eraseInvalidItems(unsignedItems);
+    EXPECT_EQ(std::make_pair(std::vector<int>{4, 0, 2}, Indices{3, 1}),
+              std::make_pair(signedItems, unsignedItems));
 }
 
 TEST_F(ListSelectionModelTest, WithoutAControlTheSelectionIsEmptyAndSettingItOnlyTellsTheObservers)
 {
-    vantix::host::setTracing(true);
-    const std::size_t mark = vantix::host::trace().size();
+    MarkTrace();
     for (const ListView::SelectionModel_e kind : {ListView::SingleSelection, ListView::MultiSelection})
     {
-        SCOPED_TRACE(kind);
         ListView view(kind);
         view.setModel(m_keyFrames);
         RecordingObserver observer;
         ListSelectionModelInterface& selection = *view.selectionModel();
         selection.addObserver(observer);
-
-        std::vector<unsigned long> selected{7};
+        Indices selected{7};
         selection.getSelectedItems(selected);
-        EXPECT_THAT(selected, IsEmpty());
-        EXPECT_EQ(-1, selection.getSelectedItem());
         selection.setSelectedItems({0, 1});
         selection.setSelectedItem(0);
         selection.setSelectedItem(-1);
         selection.selectionChanged();
-        EXPECT_THAT(observer.m_told, ElementsAre(IsEmpty(), IsEmpty(), IsEmpty(), IsEmpty()));
-
         std::vector<int> items{0, 1};
-        Abstract(view).eraseInvalidItems(items);
-        EXPECT_THAT(items, IsEmpty());
+        dynamic_cast<ListSelectionModelAbstract&>(selection).eraseInvalidItems(items);
+        EXPECT_EQ(std::make_tuple(Indices{}, -1, std::vector<Indices>(4), std::vector<int>{}),
+                  std::make_tuple(selected, selection.getSelectedItem(), observer.told, items))
+            << kind;
     }
-    const std::vector<std::string> trace = vantix::host::trace();
-    for (auto call = trace.begin() + static_cast<long>(mark); call != trace.end(); ++call)
-        EXPECT_NE(0u, call->rfind("VtxGUI", 0)) << *call;
+    EXPECT_THAT(ControlCallsSinceMark(), IsEmpty());
 }

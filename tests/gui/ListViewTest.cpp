@@ -1,541 +1,238 @@
-// A list view mirroring its model into a real host list control: the empty-model message, line-by-line
-// appends, deletions and replacements against full rebuilds, the selection kept across them, the control
-// identifier, model ownership, suspended updates, the host lock, and a view without a control.
-#include "gui/ListView.h"
-#include "document/ListModelKeyFrame.h"
-#include "model/ListModelAbstract.h"
-#include "model/ListModelPreMapped.h"
-
-#include <support/AddOnTest.h>
-
-#include <VtxGUI.h>
-#include <VtxUtil.h>
-#include <vantix/host/Gui.h>
-#include <vantix/host/Host.h>
+// A list view mirroring its model into a real host list control, every call under the host lock: the
+// empty-model message, line-by-line appends, deletions and replacements against full rebuilds, the selection
+// kept across them, the control bound, model ownership, suspended updates, and a view without a control.
+#include <support/GuiListTest.h>
 
 #include <algorithm>
-#include <cstddef>
 #include <functional>
-#include <iterator>
-#include <memory>
+#include <map>
 #include <stdexcept>
-#include <string>
-#include <utility>
-#include <vector>
 
 using namespace vantix::vtxutiltools;
-using ::testing::ElementsAre;
-using ::testing::ElementsAreArray;
 using ::testing::IsEmpty;
+using testsupport::KeyFrames;
 
 namespace
 {
 
-void NoAction() {}
-void NoValue(const int*) {}
-
-// What a model went through while a test watched it.
 struct ModelLife_s
 {
-    int rebuilds = 0;
-    int frees = 0;
-    int deletions = 0;
+    int rebuilds = 0, frees = 0, deletions = 0;
 };
 
-// A list of texts that counts its life cycle and reports each change with exactly the indices it is given,
-// in the order given.
-class CountingModel : public ListModelAbstract<std::string>
+// Key frames that count what they went through and can report deletions in any order; the key frame "!"
+// cannot be shown.
+class CountingModel : public ListModelKeyFrame
 {
 public:
-    explicit CountingModel(ModelLife_s& life, std::vector<std::string> items = {})
-        : m_life(life), m_items(std::move(items))
-    {
-    }
+    CountingModel(ModelLife_s& life, const char* names) : m_life(life) { setDataList(KeyFrames(names)); }
     ~CountingModel() override { ++m_life.deletions; }
-
-    unsigned long size() const override { return m_items.size(); }
-    std::string displayString(unsigned long index) const override { return m_items.at(index); }
-    const std::string& data(unsigned long index) const override { return m_items.at(index); }
     void rebuildModel() override { ++m_life.rebuilds; }
     void freeMemory() override { ++m_life.frees; }
-
-    void append(const std::string& item)
+    std::string displayString(unsigned long at) const override
     {
-        m_items.push_back(item);
-        queueChange(ChangeInfo_s::ItemsAdded, {m_items.size() - 1});
+        return name(at) == "!" ? throw std::runtime_error("unreadable") : name(at);
     }
-
-    void erase(const std::vector<unsigned long>& indices)
+    void reportDeleted(std::vector<unsigned long> indices)
     {
-        std::vector<unsigned long> descending(indices);
-        std::sort(descending.rbegin(), descending.rend());
-        for (const unsigned long index : descending)
-            m_items.erase(m_items.begin() + static_cast<long>(index));
         queueChange(ChangeInfo_s::ItemsDeleted, indices);
     }
 
 private:
     ModelLife_s& m_life;
-    std::vector<std::string> m_items;
 };
 
-// A model whose texts cannot be had.
-class UnreadableModel : public ListModelAbstract<int>
-{
-public:
-    unsigned long size() const override { return 2; }
-    std::string displayString(unsigned long) const override { throw std::runtime_error("unreadable"); }
-    const int& data(unsigned long) const override { throw std::runtime_error("unreadable"); }
-    void rebuildModel() override {}
-};
-
-KeyFrame_s Named(const std::string& name)
-{
-    return KeyFrame_s(View(), name, 30, 0.0);
-}
-
-std::vector<KeyFrame_s> KeyFramesNamed(const std::vector<std::string>& names)
-{
-    std::vector<KeyFrame_s> keyFrames;
-    for (const std::string& name : names)
-        keyFrames.push_back(Named(name));
-    return keyFrames;
-}
-
-long Occurrences(const std::vector<std::string>& trace, const std::string& call)
-{
-    return std::count(trace.begin(), trace.end(), call);
-}
-
-bool IsControlCall(const std::string& call)
-{
-    return call.rfind("VtxGUI", 0) == 0;
-}
-
-// The traced calls that reach a dialog control.
-std::vector<std::string> ControlCalls(const std::vector<std::string>& trace)
-{
-    std::vector<std::string> calls;
-    std::copy_if(trace.begin(), trace.end(), std::back_inserter(calls), IsControlCall);
-    return calls;
-}
-
-class ListViewTest : public testsupport::AddOnTest
+class ListViewTest : public testsupport::GuiListTest
 {
 protected:
-    void SetUp() override
+    // The list's lines, the selected ones in brackets, and "(greyed)" when it is greyed out.
+    std::string Shown(int list = GuiId_None) const
     {
-        AddOnTest::SetUp();
-        m_dialog =
-            VtxGUIDialogCreateModeless(GuiId_MainWindow, 400, 300, "List View", nullptr, NoAction, nullptr);
-        m_list = VtxGUIListAdd(m_dialog, 10, 10, 200, 200, TRUE, NoValue);
+        const vantix::host::GuiElement e = vantix::host::guiElement(list == GuiId_None ? m_list : list);
+        std::string shown;
+        for (std::size_t at = 0; at < e.items.size(); ++at)
+        {
+            const bool selected = std::count(e.selected.begin(), e.selected.end(), static_cast<int>(at + 1));
+            shown += (at ? " " : "") + (selected ? "[" + e.items[at] + "]" : e.items[at]);
+        }
+        return e.sensitive ? shown : shown + " (greyed)";
     }
 
-    std::vector<std::string> Lines() const { return vantix::host::guiElement(m_list).items; }
-    std::vector<int> SelectedPositions() const { return vantix::host::guiElement(m_list).selected; }
-    bool Sensitive() const { return vantix::host::guiElement(m_list).sensitive; }
-
-    void Select(std::vector<int> positions) const
+    // The calls since the mark that changed the list, a word each: "+" a line appended, "-" one deleted, "~"
+    // one replaced, "clear" all deleted, "deselect" and "select" the selection cleared and set; and any call
+    // made without the host lock.
+    std::string ListChanges() const
     {
-        VtxGUIListSetSelectedItems(m_list, positions.data(), static_cast<int>(positions.size()));
+        // clang-format off
+        const std::map<std::string, std::string> words = {{"VtxGUIListAppendItem", "+"},
+            {"VtxGUIListDeleteItemAtPos", "-"}, {"VtxGUIListReplaceItem", "~"},
+            {"VtxGUIListDeleteAllItems", "clear"}, {"VtxGUIListDeselectAllItems", "deselect"},
+            {"VtxGUIListSetSelectedItems", "select"}};
+        // clang-format on
+        std::string changes;
+        for (const std::string& call : ControlCallsSinceMark())
+            if (words.count(call) != 0 || call.find(" unlocked") != std::string::npos)
+                changes += (changes.empty() ? "" : " ") + (words.count(call) ? words.at(call) : call);
+        return changes;
     }
-
-    // The host calls made from here on, as traced by TraceSinceMark.
-    void MarkTrace()
-    {
-        vantix::host::setTracing(true);
-        m_traceMark = vantix::host::trace().size();
-    }
-    std::vector<std::string> TraceSinceMark() const
-    {
-        const std::vector<std::string> trace = vantix::host::trace();
-        return std::vector<std::string>(trace.begin() + static_cast<long>(m_traceMark), trace.end());
-    }
-
-    int m_dialog = GuiId_None;
-    int m_list = GuiId_None;
-    std::size_t m_traceMark = 0;
-    ListModelKeyFrame m_keyFrames;
 };
 
 } // namespace
 
-TEST_F(ListViewTest, AnEmptyModelShowsItsMessageAsTheOnlyGreyedOutLine)
+// Appending and deleting go line by line, and so does renaming; inserting before the end, the first item
+// and a reset rebuild the list. Either way the indices selected before are selected again where they exist.
+// A view without a control, shown the same model, adds nothing to the list's changes.
+TEST_F(ListViewTest, MirrorsEachChangeLineByLineWhereItCanAndKeepsTheSelectedIndices)
 {
-    const struct
-    {
-        const char* model;
-        std::function<ListModelGenericInterface*()> make;
-        const char* message;
-    } cases[] = {
-        {"key frames", [] { return new ListModelKeyFrame; }, "No Key Frames established."},
-        {"generic", [] { return new ListModelPreMapped<int>(nullptr, 0); }, "No items available."},
+    using Change = std::function<void(CountingModel&)>;
+    const auto Insert = [](unsigned long at, const char* name) -> Change
+    { return [=](CountingModel& model) { model.insertItem(at, KeyFrames(name)[0]); }; };
+    const auto Remove = [](unsigned long at, unsigned long count = 1) -> Change
+    { return [=](CountingModel& model) { model.removeItems(at, count); }; };
+    const auto Reset = [](const char* names) -> Change
+    { return [=](CountingModel& model) { model.setDataList(KeyFrames(names)); }; };
+    const std::tuple<const char*, std::vector<int>, Change, const char*, const char*> cases[] = {
+        // clang-format off
+        {"ABC", {2}, Insert(4, "D"), "A [B] C D", "+"}, // at end()
+        {"ABC", {2}, Insert(3, "D"), "A [B] C D", "+"}, // after the last
+        {"ABC", {1, 3}, Insert(0, "X"), "[X] A [B] C", "clear + + + + deselect select"},
+        {"", {}, Insert(1, "D"), "D", "clear + deselect"},
+        {"ABCDE", {5}, Remove(1), "A C D E", "- deselect"}, // index 4 is past the new end
+        {"ABCDE", {1, 4}, Remove(1), "[A] C D [E]", "- deselect select"},
+        {"ABCDE", {3}, Remove(1), "A C [D] E", "- deselect select"},
+        {"ABCDE", {2}, Remove(4), "A [B] C D", "- deselect select"},
+        {"ABCDE", {}, Remove(0), "B C D E", "- deselect"},
+        // From the highest position down, in whatever order the model lists them.
+        {"ABCDE", {}, Remove(1, 2), "A D E", "- - deselect"},
+        {"ABCDE", {}, [](CountingModel& m) { m.reportDeleted({3, 1}); }, "A C E", "- - deselect"},
+        {"AB", {1}, Remove(0, 2), "No Key Frames established. (greyed)", "clear +"},
+        {"AB", {1}, Reset(""), "No Key Frames established. (greyed)", "clear +"},
+        {"ABC", {2, 3}, [](CountingModel& m) { m.setName(1, "R"); }, "A [R] [C]", "~ deselect select"},
+        {"ABC", {2, 3}, Reset("PQ"), "P [Q]", "clear + + deselect select"},
+        // clang-format on
     };
-    for (const auto& c : cases)
+    for (const auto& [keyFrames, selected, change, shown, listChanges] : cases)
     {
-        SCOPED_TRACE(c.model);
-        VtxGUIListAppendItem(m_list, "left over");
-        ListView view(m_list, ListView::MultiSelection);
-        view.setModel(c.make());
-        EXPECT_THAT(Lines(), ElementsAre(c.message));
-        EXPECT_FALSE(Sensitive());
-        EXPECT_THAT(SelectedPositions(), IsEmpty());
-    }
-}
-
-TEST_F(ListViewTest, TheFirstItemMakesTheListSensitiveAndShowsOnlyThatItem)
-{
-    ListView view(m_list, ListView::MultiSelection);
-    view.setModel(m_keyFrames);
-    m_keyFrames.insertItem(m_keyFrames.end(), Named("View 1"));
-    EXPECT_THAT(Lines(), ElementsAre("View 1"));
-    EXPECT_TRUE(Sensitive());
-}
-
-TEST_F(ListViewTest, AnItemAddedAfterTheLastAppendsOneLineAndLeavesTheSelectionAlone)
-{
-    // end() and the old item count both mean "after the last item".
-    for (const unsigned long index : {4ul, 3ul})
-    {
-        SCOPED_TRACE(index);
-        m_keyFrames.setDataList(KeyFramesNamed({"A", "B", "C"}));
-        ListView view(m_list, ListView::MultiSelection);
-        view.setModel(m_keyFrames);
-        view.selectionModel()->setSelectedItems({1});
-        MarkTrace();
-        m_keyFrames.insertItem(index, Named("D"));
-        const std::vector<std::string> trace = TraceSinceMark();
-
-        EXPECT_THAT(Lines(), ElementsAre("A", "B", "C", "D"));
-        EXPECT_THAT(SelectedPositions(), ElementsAre(2));
-        EXPECT_EQ(1, Occurrences(trace, "VtxGUIListAppendItem"));
-        EXPECT_EQ(0, Occurrences(trace, "VtxGUIListDeleteAllItems"));
-        EXPECT_EQ(0, Occurrences(trace, "VtxGUIListDeselectAllItems"));
-        EXPECT_EQ(0, Occurrences(trace, "VtxGUIListSetSelectedItems"));
-    }
-}
-
-TEST_F(ListViewTest, AnItemInsertedAtTheFrontRebuildsTheListAndRestoresTheSelectionByIndex)
-{
-    m_keyFrames.setDataList(KeyFramesNamed({"A", "B", "C"}));
-    ListView view(m_list, ListView::MultiSelection);
-    view.setModel(m_keyFrames);
-    Select({1, 3});
-    MarkTrace();
-    m_keyFrames.insertItem(0, Named("X"));
-
-    EXPECT_THAT(Lines(), ElementsAre("X", "A", "B", "C"));
-    EXPECT_THAT(SelectedPositions(), ElementsAre(1, 3));
-    EXPECT_EQ(1, Occurrences(TraceSinceMark(), "VtxGUIListDeleteAllItems"));
-    EXPECT_EQ(4, Occurrences(TraceSinceMark(), "VtxGUIListAppendItem"));
-}
-
-TEST_F(ListViewTest, DeletedItemsLeaveTheListFromTheHighestPositionDown)
-{
-    // Deleting indices 1 and 3 must take position 4 first and then position 2, however the change lists them.
-    for (const std::vector<unsigned long>& deleted : {std::vector<unsigned long>{1, 3}, {3, 1}})
-    {
-        SCOPED_TRACE(deleted.front());
+        SCOPED_TRACE(std::string(keyFrames) + " to " + shown);
         ModelLife_s life;
-        CountingModel model(life, {"A", "B", "C", "D", "E"});
-        ListView view(m_list, ListView::MultiSelection);
+        CountingModel model(life, keyFrames);
+        ListView view(m_list, ListView::MultiSelection), unbound(ListView::MultiSelection);
         view.setModel(model);
+        unbound.setModel(model); // shows the model nowhere
+        Select(m_list, selected);
         MarkTrace();
-        model.erase(deleted);
-        const std::vector<std::string> trace = TraceSinceMark();
-
-        EXPECT_THAT(Lines(), ElementsAre("A", "C", "E"));
-        EXPECT_EQ(2, Occurrences(trace, "VtxGUIListDeleteItemAtPos"));
-        EXPECT_EQ(0, Occurrences(trace, "VtxGUIListDeleteAllItems"));
+        change(model);
+        EXPECT_EQ(std::make_pair(std::string(shown), std::string(listChanges)),
+                  std::make_pair(Shown(), ListChanges()));
     }
 }
 
-TEST_F(ListViewTest, AfterADeletionTheIndicesSelectedBeforeAreSelectedAgainWhereTheyStillExist)
+TEST_F(ListViewTest, ShowsTheModelInTheControlBoundLastAndTouchesNoControlWithoutOne)
 {
-    const struct
-    {
-        std::vector<int> selectedBefore; // positions
-        unsigned long deleted;
-        std::vector<int> selectedAfter; // positions
-    } cases[] = {
-        {{5}, 1, {}},        // index 4 is past the new end
-        {{1, 4}, 1, {1, 4}}, // indices 0 and 3, now showing A and E
-        {{3}, 1, {3}},       {{2}, 4, {2}}, {{}, 0, {}},
-    };
-    for (const auto& c : cases)
-    {
-        SCOPED_TRACE(c.deleted);
-        m_keyFrames.setDataList(KeyFramesNamed({"A", "B", "C", "D", "E"}));
-        ListView view(m_list, ListView::MultiSelection);
-        view.setModel(m_keyFrames);
-        Select(c.selectedBefore);
-        m_keyFrames.removeItem(c.deleted);
-        EXPECT_EQ(4u, Lines().size());
-        EXPECT_THAT(SelectedPositions(), ElementsAreArray(c.selectedAfter));
-    }
-}
-
-TEST_F(ListViewTest, DeletingTheLastItemShowsTheEmptyModelMessageAgain)
-{
-    m_keyFrames.setDataList(KeyFramesNamed({"A", "B"}));
-    ListView view(m_list, ListView::MultiSelection);
+    ListView view(ListView::MultiSelection);
     view.setModel(m_keyFrames);
-    Select({1});
-    m_keyFrames.removeItems(0, 2);
-    EXPECT_THAT(Lines(), ElementsAre("No Key Frames established."));
-    EXPECT_FALSE(Sensitive());
-    EXPECT_THAT(SelectedPositions(), IsEmpty());
-}
-
-TEST_F(ListViewTest, AnUpdatedItemIsReplacedInItsLineAndTheSelectionStays)
-{
-    m_keyFrames.setDataList(KeyFramesNamed({"A", "B", "C"}));
-    ListView view(m_list, ListView::MultiSelection);
-    view.setModel(m_keyFrames);
-    Select({2, 3});
     MarkTrace();
-    m_keyFrames.setName(1, "Renamed");
+    view.suspendUpdates();
+    view.resumeUpdates();
+    view.setGuiID(GuiId_None);
+    EXPECT_THAT(ControlCallsSinceMark(), IsEmpty());
 
-    EXPECT_THAT(Lines(), ElementsAre("A", "Renamed", "C"));
-    EXPECT_THAT(SelectedPositions(), ElementsAre(2, 3));
-    EXPECT_EQ(1, Occurrences(TraceSinceMark(), "VtxGUIListReplaceItem"));
-    EXPECT_EQ(0, Occurrences(TraceSinceMark(), "VtxGUIListDeleteAllItems"));
-}
-
-TEST_F(ListViewTest, AModelResetRebuildsFromTheNewContentsKeepingTheSelectedIndices)
-{
-    m_keyFrames.setDataList(KeyFramesNamed({"A", "B", "C"}));
-    ListView view(m_list, ListView::MultiSelection);
-    view.setModel(m_keyFrames);
-    Select({2, 3});
-    m_keyFrames.setDataList(KeyFramesNamed({"P", "Q"}));
-    EXPECT_THAT(Lines(), ElementsAre("P", "Q"));
-    EXPECT_THAT(SelectedPositions(), ElementsAre(2));
-}
-
-TEST_F(ListViewTest, OnlyANewControlIdentifierRebuildsTheList)
-{
-    m_keyFrames.setDataList(KeyFramesNamed({"A", "B"}));
-    ListView view(m_list, ListView::MultiSelection);
-    view.setModel(m_keyFrames);
+    // A control bound later shows the model as it is then; binding it again changes nothing.
+    m_keyFrames.setDataList(KeyFrames("QR"));
+    view.setGuiID(m_list);
     MarkTrace();
     view.setGuiID(m_list);
     EXPECT_THAT(TraceSinceMark(), IsEmpty());
 
-    const int other = VtxGUIListAdd(m_dialog, 10, 220, 200, 50, TRUE, NoValue);
+    // Another control takes over; the one before, and after unbinding every one, is left as it was.
+    const int other = AddList(true);
     view.setGuiID(other);
-    EXPECT_EQ(other, view.guiId());
-    EXPECT_THAT(vantix::host::guiElement(other).items, ElementsAre("A", "B"));
-    m_keyFrames.setName(0, "Renamed");
-    EXPECT_THAT(vantix::host::guiElement(other).items, ElementsAre("Renamed", "B"));
-    EXPECT_THAT(Lines(), ElementsAre("A", "B"));
-}
-
-TEST_F(ListViewTest, AViewWithoutAControlTouchesNoControl)
-{
-    m_keyFrames.setDataList(KeyFramesNamed({"A", "B"}));
-    MarkTrace();
-    ListView view(ListView::MultiSelection);
-    EXPECT_EQ(GuiId_None, view.guiId());
-    view.setModel(m_keyFrames);
-    m_keyFrames.insertItem(m_keyFrames.end(), Named("C"));
-    m_keyFrames.insertItem(0, Named("Z"));
-    m_keyFrames.setName(1, "Renamed");
-    m_keyFrames.removeItem(0);
-    m_keyFrames.setDataList(KeyFramesNamed({"P"}));
-    m_keyFrames.removeItem(0);
-    view.suspendUpdates();
-    view.resumeUpdates();
-    view.setGuiID(GuiId_None);
-    EXPECT_THAT(ControlCalls(TraceSinceMark()), IsEmpty());
-
-    // A control bound later shows the model as it is then.
-    m_keyFrames.setDataList(KeyFramesNamed({"Q", "R"}));
-    view.setGuiID(m_list);
-    EXPECT_THAT(Lines(), ElementsAre("Q", "R"));
-
-    // Unbinding leaves the control as it was.
+    m_keyFrames.setName(0, "S");
+    EXPECT_EQ(std::make_pair(std::string("S R"), std::string("Q R")), std::make_pair(Shown(other), Shown()));
     view.setGuiID(GuiId_None);
     MarkTrace();
-    m_keyFrames.setName(0, "Renamed");
+    m_keyFrames.setName(0, "T");
     m_keyFrames.removeItem(1);
-    EXPECT_THAT(ControlCalls(TraceSinceMark()), IsEmpty());
-    EXPECT_THAT(Lines(), ElementsAre("Q", "R"));
+    EXPECT_THAT(ControlCallsSinceMark(), IsEmpty());
 }
 
-TEST_F(ListViewTest, AModelGivenByPointerIsDeletedWhenReplacedAndWithTheView)
+// A model given by pointer is the view's; one given by reference, or by pointer to a view that borrows
+// its model, never is. Setting the model shown already changes nothing, not even its ownership.
+TEST_F(ListViewTest, DeletesOnlyTheModelsItOwnsWhenTheyAreReplacedOrTheViewGoes)
 {
-    ModelLife_s first, second;
+    ModelLife_s life[5]; // given by pointer 0 to 2, by reference 3 and 4
+    CountingModel borrowedA(life[3], "a"), borrowedB(life[4], "b");
+    const auto Deletions = [&life]
+    {
+        std::string deletions;
+        for (const ModelLife_s& one : life)
+            deletions += std::to_string(one.deletions);
+        return deletions;
+    };
     {
         ListView view(m_list, ListView::MultiSelection);
-        view.setModel(new CountingModel(first, {"A"}));
-        view.setModel(new CountingModel(second, {"B"}));
-        EXPECT_EQ(1, first.deletions);
-        EXPECT_EQ(0, second.deletions);
-        EXPECT_THAT(Lines(), ElementsAre("B"));
-    }
-    EXPECT_EQ(1, first.deletions);
-    EXPECT_EQ(1, second.deletions);
-}
-
-TEST_F(ListViewTest, AModelGivenByReferenceIsNeverDeletedAndNoLongerObservedOnceLetGo)
-{
-    ModelLife_s firstLife, secondLife;
-    CountingModel first(firstLife, {"A"});
-    CountingModel second(secondLife, {"B"});
-    {
-        ListView view(m_list, ListView::MultiSelection);
-        view.setModel(first);
-        view.setModel(second);
-        EXPECT_EQ(0, firstLife.deletions);
+        view.setModel(new CountingModel(life[0], "A"));
+        view.setModel(new CountingModel(life[1], "B"));
         MarkTrace();
-        first.append("A2");
-        EXPECT_THAT(ControlCalls(TraceSinceMark()), IsEmpty());
-    }
-    EXPECT_EQ(0, firstLife.deletions);
-    EXPECT_EQ(0, secondLife.deletions);
-    // The view is gone; the model it showed must not reach it any more.
-    second.append("B2");
-    EXPECT_THAT(Lines(), ElementsAre("B"));
-}
-
-TEST_F(ListViewTest, SettingTheModelShownAlreadyChangesNothingNotEvenItsOwnership)
-{
-    ModelLife_s life;
-    {
-        ListView view(m_list, ListView::MultiSelection);
-        auto* model = new CountingModel(life, {"A"});
-        view.setModel(model);
-        MarkTrace();
-        view.setModel(*model);
-        view.setModel(model);
+        view.setModel(*view.model());
+        view.setModel(view.model());
         EXPECT_THAT(TraceSinceMark(), IsEmpty());
-        EXPECT_EQ(model, view.model());
-        EXPECT_EQ(0, life.deletions);
-    }
-    EXPECT_EQ(1, life.deletions);
-}
-
-TEST_F(ListViewTest, ResetModelAttachesAgainAndKeepsTheOwnershipTheViewHad)
-{
-    ModelLife_s ownedFirst, ownedSecond, borrowedFirst, borrowedSecond;
-    CountingModel borrowedA(borrowedFirst, {"A"});
-    CountingModel borrowedB(borrowedSecond, {"B"});
-    {
-        ListView owning(m_list, ListView::MultiSelection);
-        auto* first = new CountingModel(ownedFirst, {"A"});
-        owning.setModel(first);
-        MarkTrace();
-        owning.resetModel(first);
-        EXPECT_EQ(1, Occurrences(TraceSinceMark(), "VtxGUIListDeleteAllItems"));
-        EXPECT_EQ(0, ownedFirst.deletions);
-        owning.resetModel(new CountingModel(ownedSecond, {"B"}));
-        EXPECT_EQ(1, ownedFirst.deletions);
-        EXPECT_EQ(0, ownedSecond.deletions);
-        EXPECT_THAT(Lines(), ElementsAre("B"));
+        view.resetModel(view.model()); // attached and shown anew
+        EXPECT_EQ("clear + deselect", ListChanges());
+        view.resetModel(new CountingModel(life[2], "C"));
+        EXPECT_EQ("11000", Deletions());
 
         ListView borrowing(m_list, ListView::MultiSelection);
         borrowing.setModel(borrowedA);
-        borrowing.resetModel(&borrowedB);
-        EXPECT_EQ(&borrowedB, borrowing.model());
+        borrowing.setModel(borrowedB);
+        MarkTrace();
+        borrowedA.insertItem(1, KeyFrames("x")[0]); // let go: no longer observed
+        EXPECT_THAT(ControlCallsSinceMark(), IsEmpty());
+        borrowing.resetModel(&borrowedA);
+        EXPECT_EQ("a x", Shown());
     }
-    EXPECT_EQ(1, ownedSecond.deletions);
-    EXPECT_EQ(0, borrowedFirst.deletions);
-    EXPECT_EQ(0, borrowedSecond.deletions);
+    EXPECT_EQ("11100", Deletions());
+    // The views are gone: their models must not reach them any more.
+    MarkTrace();
+    borrowedA.removeItem(0);
+    EXPECT_THAT(ControlCallsSinceMark(), IsEmpty());
 }
 
-TEST_F(ListViewTest, ASuspendedViewLetsTheModelFreeItsMemoryAndRebuildsWhenResumed)
+TEST_F(ListViewTest, WhileSuspendedLetsTheModelFreeItsMemoryAndResumingObservesAndShowsItAnew)
 {
-    ModelLife_s life;
-    CountingModel model(life, {"A", "B"});
+    ModelLife_s life, laterLife;
+    CountingModel model(life, "AB"), later(laterLife, "P");
     ListView view(m_list, ListView::MultiSelection);
     view.setModel(model);
-    EXPECT_EQ(1, life.rebuilds);
-    EXPECT_EQ(0, life.frees);
-
     view.suspendUpdates();
-    EXPECT_EQ(1, life.frees);
     MarkTrace();
-    model.append("C");
-    EXPECT_THAT(ControlCalls(TraceSinceMark()), IsEmpty());
-    EXPECT_THAT(Lines(), ElementsAre("A", "B"));
-
+    model.insertItem(2, KeyFrames("C")[0]);
+    EXPECT_THAT(ControlCallsSinceMark(), IsEmpty());
+    EXPECT_EQ(std::make_pair(1, 1), std::make_pair(life.rebuilds, life.frees));
     view.resumeUpdates();
-    EXPECT_EQ(2, life.rebuilds);
-    EXPECT_THAT(Lines(), ElementsAre("A", "B", "C"));
-    model.append("D");
-    EXPECT_THAT(Lines(), ElementsAre("A", "B", "C", "D"));
-
-    // Resuming a view that is not suspended does nothing.
+    model.insertItem(3, KeyFrames("D")[0]);
+    EXPECT_EQ(std::make_pair(2, std::string("A B C D")), std::make_pair(life.rebuilds, Shown()));
     MarkTrace();
-    view.resumeUpdates();
-    EXPECT_EQ(2, life.rebuilds);
+    view.resumeUpdates(); // not suspended: nothing to do
     EXPECT_THAT(TraceSinceMark(), IsEmpty());
-}
 
-TEST_F(ListViewTest, AModelSetWhileSuspendedIsObservedOnlyFromResumeOn)
-{
-    ModelLife_s life;
-    CountingModel model(life, {"A"});
-    ListView view(m_list, ListView::MultiSelection);
-    view.suspendUpdates();
-    view.setModel(model);
-    EXPECT_EQ(0, life.rebuilds);
-    EXPECT_THAT(Lines(), IsEmpty());
-    model.append("B");
-    EXPECT_THAT(Lines(), IsEmpty());
-
-    view.resumeUpdates();
-    EXPECT_EQ(1, life.rebuilds);
-    EXPECT_THAT(Lines(), ElementsAre("A", "B"));
-}
-
-TEST_F(ListViewTest, EveryControlCallIsMadeUnderTheHostLock)
-{
-    m_keyFrames.setDataList(KeyFramesNamed({"A", "B", "C"}));
-    MarkTrace();
-    {
-        ListView view(m_list, ListView::MultiSelection);
-        view.setModel(m_keyFrames);
-        view.selectionModel()->setSelectedItems({1});
-        m_keyFrames.insertItem(m_keyFrames.end(), Named("D"));
-        m_keyFrames.insertItem(0, Named("Z"));
-        m_keyFrames.setName(2, "Renamed");
-        m_keyFrames.removeItems(1, 2);
-        view.selectionModel()->setSelectedItem(0);
-        view.selectionModel()->setSelectedItems({0, 1});
-        EXPECT_EQ(-1, view.selectionModel()->getSelectedItem());
-        m_keyFrames.removeItems(0, m_keyFrames.size());
-        view.suspendUpdates();
-        m_keyFrames.setDataList(KeyFramesNamed({"P"}));
-        view.resumeUpdates();
-    }
-    const std::vector<std::string> trace = TraceSinceMark();
-    int depth = 0;
-    for (const std::string& call : trace)
-    {
-        if (call == "VtxUtilLockStart")
-            ++depth;
-        else if (call == "VtxUtilLockFinish")
-            --depth;
-        else if (IsControlCall(call))
-        {
-            EXPECT_GT(depth, 0) << call;
-        }
-    }
-    EXPECT_EQ(0, depth);
-    for (const char* call : {"VtxGUIListAppendItem", "VtxGUIListDeleteAllItems", "VtxGUIListDeleteItemAtPos",
-                             "VtxGUIListReplaceItem", "VtxGUIListGetSelectedItems",
-                             "VtxGUIListSetSelectedItems", "VtxGUIListSetSelectedItem",
-                             "VtxGUIListDeselectAllItems", "VtxGUIListGetItemCount", "VtxGUISetSensitivity"})
-        EXPECT_GT(Occurrences(trace, call), 0) << call;
+    // A model set while suspended, even to a view that had none, is observed only from the resumption on.
+    ListView fresh(m_list, ListView::MultiSelection);
+    fresh.suspendUpdates();
+    fresh.setModel(later);
+    later.insertItem(1, KeyFrames("Q")[0]);
+    EXPECT_EQ(0, laterLife.rebuilds);
+    EXPECT_THAT(ControlCallsSinceMark(), IsEmpty());
+    fresh.resumeUpdates();
+    EXPECT_EQ(std::make_pair(1, std::string("P Q")), std::make_pair(laterLife.rebuilds, Shown()));
 }
 
 TEST_F(ListViewTest, AFailingModelPassesItsErrorOnAndLeavesTheHostUnlocked)
 {
-    UnreadableModel model;
+    ModelLife_s life;
+    CountingModel model(life, "!");
     ListView view(m_list, ListView::MultiSelection);
     EXPECT_THROW(view.setModel(model), std::runtime_error);
-    EXPECT_EQ(0, vantix::host::lockDepth(AddOnID));
-    EXPECT_EQ(&model, view.model());
+    EXPECT_EQ(std::make_pair(0, static_cast<ListModelGenericInterface*>(&model)),
+              std::make_pair(vantix::host::lockDepth(AddOnID), view.model()));
 }

@@ -6,9 +6,6 @@
 
 #include <support/AddOnTest.h>
 
-#include <VtxUtil.h>
-#include <vantix/host/Events.h>
-#include <vantix/host/Host.h>
 #include <vantix/toolbox/StateChangeEventInterface.h>
 
 #include <memory>
@@ -16,6 +13,7 @@
 #include <vector>
 
 using namespace vantix::vtxutiltools;
+using namespace vantix::host;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
@@ -27,9 +25,8 @@ struct ThreeDDialog
 {
     static bool okToLaunch() { return VtxUtilFrameGetPlotType() == PlotType_Cartesian3D; }
     static void drop() { ++drops; }
-    static int drops;
+    static inline int drops = 0;
 };
-int ThreeDDialog::drops = 0;
 
 // Every burst of state changes also queues the add-on's own update of its menu option: one call more in
 // the queue than the dropper's.
@@ -39,13 +36,17 @@ protected:
     void SetUp() override
     {
         AddOnTest::SetUp();
-        // Calls queued by earlier tests are not this test's.
-        vantix::host::runOnIdleUntilEmpty();
+        runOnIdleUntilEmpty(); // calls queued by earlier tests are not this test's
         ThreeDDialog::drops = 0;
-        m_listenersBefore = vantix::host::stateChangeListenerCount();
+        m_listenersBefore = stateChangeListenerCount();
     }
 
-    std::size_t listeners() const { return vantix::host::stateChangeListenerCount() - m_listenersBefore; }
+    std::size_t Listeners() const { return stateChangeListenerCount() - m_listenersBefore; }
+    // A call that notes that it ran.
+    boost::function<void()> Noting(int number)
+    {
+        return [this, number] { m_ran.push_back(number); };
+    }
 
     std::size_t m_listenersBefore = 0;
     std::vector<int> m_ran;
@@ -53,56 +54,39 @@ protected:
 
 } // namespace
 
-TEST_F(HostEventPlumbingTest, OnlyTheFirstOfRequestsBeforeTheHostIsIdleRunsAndOnlyOnce)
-{
-    OnIdleManager manager;
-    manager.addCallback([this] { m_ran.push_back(1); });
-    manager.addCallback([this] { m_ran.push_back(2); });
-    EXPECT_EQ(1u, vantix::host::pendingOnIdleCalls());
-    EXPECT_THAT(m_ran, IsEmpty());
-    EXPECT_EQ(1, vantix::host::runOnIdleUntilEmpty());
-    EXPECT_THAT(m_ran, ElementsAre(1));
-
-    manager.addCallback([this] { m_ran.push_back(3); });
-    vantix::host::runOnIdleUntilEmpty();
-    EXPECT_THAT(m_ran, ElementsAre(1, 3));
-}
-
-TEST_F(HostEventPlumbingTest, ARequestMadeWhileThePendingCallRunsIsDropped)
+// Requests made before the host is idle, or while the pending call runs, are dropped; one that throws no
+// longer counts as pending; and a call queued by a manager destroyed since does nothing.
+TEST_F(HostEventPlumbingTest, OnlyTheFirstOfRequestsBeforeItHasRunRunsAndOnlyOnceWhileTheManagerLives)
 {
     OnIdleManager manager;
     manager.addCallback(
         [&]
         {
             m_ran.push_back(1);
-            manager.addCallback([this] { m_ran.push_back(2); });
+            manager.addCallback(Noting(9));
         });
-    EXPECT_EQ(1, vantix::host::runOnIdle());
-    EXPECT_EQ(0u, vantix::host::pendingOnIdleCalls());
-    EXPECT_THAT(m_ran, ElementsAre(1));
-}
+    manager.addCallback(Noting(2));
+    EXPECT_EQ(1u, pendingOnIdleCalls());
+    EXPECT_THAT(m_ran, IsEmpty());
+    EXPECT_EQ(1, runOnIdleUntilEmpty());
+    manager.addCallback(Noting(3));
+    runOnIdleUntilEmpty();
 
-TEST_F(HostEventPlumbingTest, ACallThatThrowsNoLongerCountsAsPending)
-{
-    OnIdleManager manager;
     manager.addCallback([] { throw std::runtime_error("refresh failed"); });
-    vantix::host::runOnIdle();
-    EXPECT_THAT(vantix::host::hostErrors(),
-                ElementsAre("an on-idle callback let an exception out: refresh failed"));
-    vantix::host::clearHostErrors();
-    manager.addCallback([this] { m_ran.push_back(1); });
-    vantix::host::runOnIdle();
-    EXPECT_THAT(m_ran, ElementsAre(1));
-}
+    runOnIdle();
+    EXPECT_THAT(hostErrors(), ElementsAre("an on-idle callback let an exception out: refresh failed"));
+    clearHostErrors();
+    manager.addCallback(Noting(4));
+    runOnIdle();
+    EXPECT_THAT(m_ran, ElementsAre(1, 3, 4));
 
-TEST_F(HostEventPlumbingTest, ACallQueuedByADestroyedManagerDoesNothing)
-{
+    m_ran.clear();
     auto gone = std::make_unique<OnIdleManager>();
-    gone->addCallback([this] { m_ran.push_back(1); });
+    gone->addCallback(Noting(1));
     gone.reset();
     // A manager made now may take the old one's place in memory; it must not receive the old call.
     auto successor = std::make_unique<OnIdleManager>();
-    successor->addCallback([this] { m_ran.push_back(2); });
+    successor->addCallback(Noting(2));
     // One that destroys itself from its own call.
     auto selfDestroying = std::make_unique<OnIdleManager>();
     selfDestroying->addCallback(
@@ -111,9 +95,8 @@ TEST_F(HostEventPlumbingTest, ACallQueuedByADestroyedManagerDoesNothing)
             selfDestroying.reset();
             m_ran.push_back(3);
         });
-    EXPECT_EQ(3, vantix::host::runOnIdle());
+    EXPECT_EQ(3, runOnIdle());
     EXPECT_THAT(m_ran, ElementsAre(2, 3));
-    EXPECT_EQ(nullptr, selfDestroying);
 }
 
 TEST_F(HostEventPlumbingTest, ListenerForwardsChangesUnderTheLockFromStartToStopOrQuit)
@@ -123,85 +106,66 @@ TEST_F(HostEventPlumbingTest, ListenerForwardsChangesUnderTheLockFromStartToStop
         [&](const vantix::toolbox::StateChangeEventInterface& event,
             vantix::toolbox::StateChangeNotifierInterface&)
         {
-            EXPECT_EQ(1, vantix::host::lockDepth(AddOnID));
+            EXPECT_EQ(1, lockDepth(AddOnID));
             heard.push_back(event.getStateChange());
+            if (heard.size() == 1)
+                throw std::runtime_error("no good");
         });
-    vantix::host::raiseStateChange(StateChange_Style);
-    EXPECT_EQ(0u, listeners());
-
+    raiseStateChange(StateChange_Style);
+    EXPECT_EQ(0u, Listeners());
     listener.startListening();
-    EXPECT_EQ(1u, listeners());
-    vantix::host::raiseStateChange(StateChange_NewTopFrame);
+    EXPECT_EQ(1u, Listeners());
+    raiseStateChange(StateChange_NewTopFrame);
+    // A callback that throws leaves the host unlocked.
+    EXPECT_EQ(0, lockDepth(AddOnID));
+    EXPECT_THAT(hostErrors(), ElementsAre("a state-change listener let an exception out: no good"));
+    clearHostErrors();
     listener.stopListening();
-    EXPECT_EQ(0u, listeners());
-    vantix::host::raiseStateChange(StateChange_Style);
+    EXPECT_EQ(0u, Listeners());
+    raiseStateChange(StateChange_Style);
 
     listener.startListening();
     for (const StateChange_e change : {StateChange_View3D, StateChange_QuitProgram, StateChange_Style})
-        vantix::host::raiseStateChange(change);
+        raiseStateChange(change);
     EXPECT_THAT(heard, ElementsAre(StateChange_NewTopFrame, StateChange_View3D, StateChange_QuitProgram));
-    EXPECT_EQ(0u, listeners());
+    EXPECT_EQ(0u, Listeners());
 }
 
-TEST_F(HostEventPlumbingTest, ListenerReleasesTheLockWhenItsCallbackThrows)
-{
-    StateChangeListener listener(
-        [](const vantix::toolbox::StateChangeEventInterface&, vantix::toolbox::StateChangeNotifierInterface&)
-        { throw std::runtime_error("no good"); });
-    listener.startListening();
-    vantix::host::raiseStateChange(StateChange_Style);
-    EXPECT_EQ(0, vantix::host::lockDepth(AddOnID));
-    EXPECT_THAT(vantix::host::hostErrors(),
-                ElementsAre("a state-change listener let an exception out: no good"));
-    vantix::host::clearHostErrors();
-    listener.stopListening();
-}
-
-TEST_F(HostEventPlumbingTest, DropperClosesTheDialogOnceAtIdleWhenTheStateStaysBad)
+TEST_F(HostEventPlumbingTest, DropperClosesTheDialogOnceAtIdleOnlyWhenTheStateIsStillBadThen)
 {
     ThreeDDialog dialog;
     DialogDropper<ThreeDDialog> dropper(dialog);
     dropper.listener().startListening();
+    raiseStateChange(StateChange_Style);
+    EXPECT_EQ(1u, pendingOnIdleCalls()) << "still 3D: the add-on's menu option update only";
+    // Good again by the time the host is idle.
+    setPlotType(PlotType_XYLine);
+    setPlotType(PlotType_Cartesian3D);
+    EXPECT_EQ(2u, pendingOnIdleCalls());
+    runOnIdleUntilEmpty();
+    EXPECT_EQ(std::make_pair(0, 1ul), std::make_pair(ThreeDDialog::drops, Listeners()));
 
-    vantix::host::raiseStateChange(StateChange_Style);
-    EXPECT_EQ(1u, vantix::host::pendingOnIdleCalls()) << "still 3D: the add-on's menu option update only";
-
-    vantix::host::setPlotType(PlotType_Cartesian2D);
+    // A burst of changes queues one check; the dialog goes and the dropper stops listening.
+    setPlotType(PlotType_Cartesian2D);
     for (int i = 0; i < 10; ++i)
-        vantix::host::raiseStateChange(StateChange_Style);
-    EXPECT_EQ(2u, vantix::host::pendingOnIdleCalls());
-    EXPECT_EQ(0, ThreeDDialog::drops);
-    vantix::host::runOnIdleUntilEmpty();
-    EXPECT_EQ(1, ThreeDDialog::drops);
-    EXPECT_EQ(0u, listeners());
-}
-
-TEST_F(HostEventPlumbingTest, DropperKeepsTheDialogWhenTheStateIsGoodAgainAtIdle)
-{
-    ThreeDDialog dialog;
-    DialogDropper<ThreeDDialog> dropper(dialog);
-    dropper.listener().startListening();
-    vantix::host::setPlotType(PlotType_XYLine);
-    vantix::host::setPlotType(PlotType_Cartesian3D);
-    EXPECT_EQ(2u, vantix::host::pendingOnIdleCalls());
-    vantix::host::runOnIdleUntilEmpty();
-    EXPECT_EQ(0, ThreeDDialog::drops);
-    EXPECT_EQ(1u, listeners());
+        raiseStateChange(StateChange_Style);
+    EXPECT_EQ(2u, pendingOnIdleCalls());
+    runOnIdleUntilEmpty();
+    EXPECT_EQ(std::make_pair(1, 0ul), std::make_pair(ThreeDDialog::drops, Listeners()));
 
     // Without a frame there is nothing to work on either.
-    vantix::host::deleteFrame(m_frame);
-    vantix::host::runOnIdleUntilEmpty();
-    EXPECT_EQ(1, ThreeDDialog::drops);
-}
+    setPlotType(PlotType_Cartesian3D);
+    dropper.listener().startListening();
+    deleteFrame(m_frame);
+    runOnIdleUntilEmpty();
+    EXPECT_EQ(2, ThreeDDialog::drops);
 
-TEST_F(HostEventPlumbingTest, ACheckQueuedByADestroyedDropperDoesNothing)
-{
-    ThreeDDialog dialog;
-    auto dropper = std::make_unique<DialogDropper<ThreeDDialog>>(dialog);
-    dropper->listener().startListening();
-    vantix::host::setPlotType(PlotType_Cartesian2D);
-    dropper.reset();
-    EXPECT_EQ(0u, listeners());
-    EXPECT_EQ(2, vantix::host::runOnIdle());
-    EXPECT_EQ(0, ThreeDDialog::drops);
+    // A check queued by a dropper destroyed since does nothing.
+    auto gone = std::make_unique<DialogDropper<ThreeDDialog>>(dialog);
+    gone->listener().startListening();
+    addFrame(PlotType_Cartesian2D);
+    gone.reset();
+    EXPECT_EQ(0u, Listeners());
+    EXPECT_EQ(2, runOnIdle());
+    EXPECT_EQ(2, ThreeDDialog::drops);
 }

@@ -55,6 +55,20 @@ protected:
         vantix::host::runOnIdleUntilEmpty();
     }
 
+    // For each group of controls 1 when all are usable, 0 when all are greyed out, ? when they differ.
+    static std::string Sensitivities(const std::vector<std::vector<int>>& groups)
+    {
+        std::string flags;
+        for (const std::vector<int>& group : groups)
+        {
+            std::size_t usable = 0;
+            for (const int control : group)
+                usable += vantix::host::guiElement(control).sensitive ? 1 : 0;
+            flags += usable == 0 ? '0' : usable == group.size() ? '1' : '?';
+        }
+        return flags;
+    }
+
     static int MenuEntry(const std::string& label)
     {
         return vantix::host::findControl(Dialog1Manager, label);
