@@ -1,169 +1,105 @@
 // Surface mesh files read through the mesh importer: STL (text and binary), OBJ and PLY that the test
 // writes, loaded as one static zone coloured by height, and clear errors for files that cannot be read.
 #include "support/HostTest.h"
+#include "support/TempFolder.h"
+#include "support/ThrownMessage.h"
 
 #include <VtxUtil.h>
 #include <vantix/host/Scene.h>
 
+#include <array>
 #include <cstdint>
-#include <cstring>
-#include <filesystem>
-#include <fstream>
 #include <stdexcept>
+#include <string>
+#include <tuple>
 
 namespace
 {
 
-using ::testing::AllOf;
 using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using testsupport::HostTest;
+using namespace vantix::host;
 
-namespace fs = std::filesystem;
+// Two triangles from z = 1 to z = 3 as text STL.
+const char* const SlopeStl =
+    "solid s\n"
+    "facet normal 0 0 0\n outer loop\n  vertex 0 0 1\n  vertex 1 0 1\n  vertex 0 1 3\n endloop\nendfacet\n"
+    "facet normal 0 0 0\n outer loop\n  vertex 1 0 1\n  vertex 1 1 3\n  vertex 0 1 3\n endloop\nendfacet\n"
+    "endsolid s\n";
 
-// A unit cube from z = 1 to z = 3 as twelve text STL facets.
-std::string CubeStl()
-{
-    const double v[8][3] = {{0, 0, 1}, {1, 0, 1}, {1, 1, 1}, {0, 1, 1},
-                            {0, 0, 3}, {1, 0, 3}, {1, 1, 3}, {0, 1, 3}};
-    const int faces[12][3] = {{0, 2, 1}, {0, 3, 2}, {4, 5, 6}, {4, 6, 7}, {0, 1, 5}, {0, 5, 4},
-                              {1, 2, 6}, {1, 6, 5}, {2, 3, 7}, {2, 7, 6}, {3, 0, 4}, {3, 4, 7}};
-    std::string text = "solid cube\n";
-    for (const auto& f : faces)
-    {
-        text += " facet normal 0 0 0\n  outer loop\n";
-        for (const int i : f)
-            text += "   vertex " + std::to_string(v[i][0]) + " " + std::to_string(v[i][1]) + " " +
-                    std::to_string(v[i][2]) + "\n";
-        text += "  endloop\n endfacet\n";
-    }
-    return text + "endsolid cube\n";
-}
-
-// Two triangles in binary STL, from z = -2 to z = 0.5.
+// Two triangles from z = -2 to z = 0.5 as binary STL: a header, the count, and per triangle the normal
+// (none: the reader makes its own), the corners and two bytes of attributes.
 std::string BinaryStl()
 {
     std::string data(80, ' ');
-    const auto put32 = [&data](std::uint32_t value)
-    { data.append(reinterpret_cast<const char*>(&value), 4); };
-    const auto putFloat = [&data](float value) { data.append(reinterpret_cast<const char*>(&value), 4); };
-    put32(2);
-    const float triangles[2][9] = {{0, 0, -2, 1, 0, -2, 0, 1, 0.5f}, {1, 0, -2, 1, 1, 0.5f, 0, 1, 0.5f}};
-    for (const auto& t : triangles)
-    {
-        for (int i = 0; i < 3; ++i)
-            putFloat(0.0f);
-        for (const float c : t)
-            putFloat(c);
-        data.append(2, '\0');
-    }
-    return data;
+    const auto put = [&data](const auto& value)
+    { data.append(reinterpret_cast<const char*>(&value), sizeof value); };
+    put(std::uint32_t(2));
+    put(std::array<float, 12>{0, 0, 0, 0, 0, -2, 1, 0, -2, 0, 1, 0.5f});
+    data.append(2, '\0');
+    put(std::array<float, 12>{0, 0, 0, 1, 0, -2, 1, 1, 0.5f, 0, 1, 0.5f});
+    return data.append(2, '\0');
 }
 
-// A square made of one quad (two triangles once triangulated) and a triangle, with a line element that
-// is left out, from z = 0 to z = 4.
-const char* const QuadObj = "# a quad and a triangle\n"
-                            "v 0 0 0\nv 1 0 0\nv 1 1 0\nv 0 1 0\nv 0 0 4\nv 1 0 4\nv 0 1 4\n"
-                            "f 1 2 3 4\n"
-                            "f 5 6 7\n"
-                            "l 1 5\n";
-
-// A tetrahedron, from z = 0 to z = 2.
-const char* const TetraPly =
-    "ply\nformat ascii 1.0\nelement vertex 4\nproperty float x\nproperty float y\n"
-    "property float z\nelement face 4\nproperty list uchar int vertex_indices\nend_header\n"
-    "0 0 0\n1 0 0\n0 1 0\n0 0 2\n"
-    "3 0 2 1\n3 0 1 3\n3 0 3 2\n3 1 2 3\n";
-
-class SceneFileTest : public HostTest
+class SceneFileTest : public testsupport::HostTest
 {
 protected:
-    void SetUp() override
+    std::string Write(const std::string& name, const std::string& content)
     {
-        HostTest::SetUp();
-        m_folder =
-            fs::temp_directory_path() /
-            ("vantix-scene-file-test-" + std::to_string(::testing::UnitTest::GetInstance()->random_seed()) +
-             "-" + ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        fs::create_directories(m_folder);
-    }
-    void TearDown() override
-    {
-        fs::remove_all(m_folder);
-        HostTest::TearDown();
+        testsupport::WriteFile(m_folder.path() / name, content);
+        return (m_folder.path() / name).string();
     }
 
-    std::string write(const std::string& name, const std::string& content)
-    {
-        const fs::path path = m_folder / name;
-        std::ofstream(path, std::ios::binary) << content;
-        return path.string();
-    }
-
-    fs::path m_folder;
+    testsupport::TempFolder m_folder{"vantix-scene-file"};
 };
 
 TEST_F(SceneFileTest, EachFormatLoadsAsOneStaticZoneColouredByHeight)
 {
-    struct Case
-    {
-        const char* name;
-        std::string content;
-        std::size_t triangles;
-        double lowest, highest;
+    // A quad (two triangles once triangulated) and a triangle, and a line element that is left out.
+    const char* const obj = "# a quad and a triangle\nv 0 0 0\nv 1 0 0\nv 1 1 0\nv 0 1 0\nv 0 0 4\nv 1 0 4\n"
+                            "v 0 1 4\nf 1 2 3 4\nf 5 6 7\nl 1 5\n";
+    const char* const tetrahedron =
+        "ply\nformat ascii 1.0\nelement vertex 4\nproperty float x\nproperty float y\nproperty float z\n"
+        "element face 4\nproperty list uchar int vertex_indices\nend_header\n"
+        "0 0 0\n1 0 0\n0 1 0\n0 0 2\n3 0 2 1\n3 0 1 3\n3 0 3 2\n3 1 2 3\n";
+    const std::tuple<const char*, std::string, std::size_t, double, double> cases[] = {
+        // file, content, triangles, lowest and highest z
+        {"slope.stl", SlopeStl, 2, 1.0, 3.0},
+        {"binary.stl", BinaryStl(), 2, -2.0, 0.5},
+        {"square.obj", obj, 3, 0.0, 4.0},
+        {"tetrahedron.ply", tetrahedron, 4, 0.0, 2.0},
     };
-    const Case cases[] = {
-        {"cube.stl", CubeStl(), 12, 1.0, 3.0},
-        {"two.stl", BinaryStl(), 2, -2.0, 0.5},
-        {"square.obj", QuadObj, 3, 0.0, 4.0},
-        {"tetra.ply", TetraPly, 4, 0.0, 2.0},
-    };
-    for (const Case& c : cases)
+    for (const auto& [name, content, triangles, lowest, highest] : cases)
     {
-        SCOPED_TRACE(c.name);
-        vantix::host::loadDataFile(write(c.name, c.content));
-        ASSERT_TRUE(VtxUtilDataSetIsAvailable());
+        SCOPED_TRACE(name);
+        loadDataFile(Write(name, content));
         const auto zones = vantix::host::zones();
         ASSERT_EQ(1u, zones.size());
-        EXPECT_EQ(c.name, zones[0].name);
-        EXPECT_TRUE(zones[0].isSurface);
-        EXPECT_TRUE(zones[0].hasScalar);
-        EXPECT_EQ(0, VtxUtilZoneGetStrandID(1));
-        EXPECT_EQ(c.triangles, zones[0].elementCount);
-        EXPECT_THAT(vantix::host::scalarRange(), ElementsAre(c.lowest, c.highest));
-        EXPECT_DOUBLE_EQ((c.lowest + c.highest) / 2.0, vantix::host::view().originZ);
+        EXPECT_EQ(std::make_tuple(std::string(name), true, true, 0, triangles),
+                  std::make_tuple(zones[0].name, zones[0].isSurface, zones[0].hasScalar,
+                                  VtxUtilZoneGetStrandID(1), zones[0].elementCount));
+        EXPECT_THAT(scalarRange(), ElementsAre(lowest, highest));
+        EXPECT_DOUBLE_EQ((lowest + highest) / 2.0, view().originZ);
     }
 }
 
 TEST_F(SceneFileTest, AFileThatCannotBeReadIsRefusedWithItsNameAndTheReason)
 {
-    struct Case
-    {
-        std::string path;
-        const char* reason;
+    const std::pair<std::string, const char*> cases[] = {
+        // file, the reason when it is the host's own rather than the importer's
+        {(m_folder.path() / "missing.stl").string(), "no such file"},
+        {m_folder.path().string(), "it is a folder"},
+        {Write("garbage.ply", "ply\nthis is not a header\n"), ""},
+        {Write("empty.obj", "# nothing but a comment\nv 0 0 0\n"), ""},
+        {Write("unknown.xyz123", "whatever"), ""},
     };
-    const Case cases[] = {
-        {(m_folder / "missing.stl").string(), "no such file"},
-        {m_folder.string(), "it is a folder"},
-        {write("garbage.ply", "ply\nthis is not a header\n"), ""},
-        {write("empty.obj", "# nothing but a comment\nv 0 0 0\n"), ""},
-        {write("unknown.xyz123", "whatever"), ""},
-    };
-    for (const Case& c : cases)
+    for (const auto& [path, reason] : cases)
     {
-        try
-        {
-            vantix::host::loadDataFile(c.path);
-            ADD_FAILURE() << "read " << c.path;
-        }
-        catch (const std::runtime_error& error)
-        {
-            EXPECT_THAT(error.what(),
-                        AllOf(HasSubstr("cannot read mesh file '" + c.path + "': "), HasSubstr(c.reason)));
-            EXPECT_GT(std::strlen(error.what()), ("cannot read mesh file '" + c.path + "': ").size())
-                << "no reason given";
-        }
-        EXPECT_FALSE(VtxUtilDataSetIsAvailable()) << c.path;
+        const std::string prefix = "cannot read mesh file '" + path + "': ";
+        const std::string message =
+            testsupport::ThrownMessage<std::runtime_error>([&path = path] { loadDataFile(path); });
+        EXPECT_THAT(message, ::testing::StartsWith(prefix + reason));
+        EXPECT_GT(message.size(), prefix.size()) << "no reason given";
+        EXPECT_FALSE(VtxUtilDataSetIsAvailable()) << path;
     }
 }
 

@@ -1,5 +1,5 @@
 // The macro test add-on (MacroTestAddOn.cpp) as the tests see it: loaded the way the host loads add-ons,
-// and read back through the functions it exports.
+// and read back through the values it exports.
 #pragma once
 
 #include <vantix/host/Macro.h>
@@ -18,45 +18,29 @@ public:
     static constexpr const char* ID = "Macro Test Add-On";
     static constexpr const char* Path = MACRO_TEST_ADDON_PATH;
 
-    // Loads the module through the host (which starts it once per process) and forgets what it received.
+    // Loads the module through the host (which starts it once per process and never unloads it) and
+    // forgets what it received.
     MacroTestAddOn()
     {
         vantix::host::loadAddOnModule(Path);
-        m_module = dlopen(Path, RTLD_NOW | RTLD_NOLOAD);
-        if (!m_module)
-            throw std::runtime_error(std::string("the macro test add-on is not loaded: ") + dlerror());
+        void* module = dlopen(Path, RTLD_NOW | RTLD_NOLOAD);
+        m_initCalls = static_cast<const int*>(module ? dlsym(module, "MacroTestAddOnInitCalls") : nullptr);
+        m_received = static_cast<std::vector<std::string>*>(module ? dlsym(module, "MacroTestAddOnReceived")
+                                                                   : nullptr);
+        if (!m_initCalls || !m_received)
+            throw std::runtime_error("the macro test add-on is not loaded");
+        dlclose(module);
         forget();
     }
-    MacroTestAddOn(const MacroTestAddOn&) = delete;
-    MacroTestAddOn& operator=(const MacroTestAddOn&) = delete;
-    ~MacroTestAddOn() { dlclose(m_module); }
 
-    int initCalls() const { return function<int (*)()>("MacroTestAddOnInitCalls")(); }
-
+    int initCalls() const { return *m_initCalls; }
     // The command texts the add-on's macro callback received, in order.
-    std::vector<std::string> received() const
-    {
-        std::vector<std::string> texts;
-        const auto count = function<int (*)()>("MacroTestAddOnReceivedCount");
-        const auto text = function<const char* (*)(int)>("MacroTestAddOnReceived");
-        for (int i = 0; i < count(); ++i)
-            texts.emplace_back(text(i));
-        return texts;
-    }
-
-    void forget() const { function<void (*)()>("MacroTestAddOnForget")(); }
+    std::vector<std::string> received() const { return *m_received; }
+    void forget() const { m_received->clear(); }
 
 private:
-    template <typename Function>
-    Function function(const char* name) const
-    {
-        const auto found = reinterpret_cast<Function>(dlsym(m_module, name));
-        if (!found)
-            throw std::runtime_error(std::string("the macro test add-on does not export ") + name);
-        return found;
-    }
-
-    void* m_module = nullptr;
+    const int* m_initCalls = nullptr;
+    std::vector<std::string>* m_received = nullptr;
 };
 
 } // namespace testsupport
