@@ -1,176 +1,84 @@
+// The fade animator: the lights scaled from black over the first frames and to black over the last ones,
+// the frame axis hidden while it lives, and the lights and the axis put back as they were.
 #include "animation/AnimatorFade.h"
 #include "animation/ChainTestHelpers.h"
-#include "core/Settings.h"
 
-#include <support/AddOnTest.h>
-
-#include <algorithm>
-#include <cstdint>
-#include <optional>
-#include <string>
-#include <vector>
-
-using namespace vantix::vtxutiltools;
-using testhelpers::BackgroundLightPath;
-using testhelpers::FrameAxisShownPath;
-using testhelpers::IntensityPath;
-using testhelpers::KeyFramesOver;
-using testhelpers::StyleNumber;
-using testhelpers::StyleSwitch;
-using testhelpers::TraceSince;
-
-namespace
-{
+using namespace testhelpers;
 
 // Lights that are not the host's defaults, so that a restore to the defaults would show.
 const double SavedIntensity = 80.0;
 const double SavedBackgroundLight = 40.0;
+// What DrawAndReadFactor answers for a frame that left the lights alone.
+const double Unchanged = -1.0;
 
-class AnimatorFadeTest : public testsupport::AddOnTest
+class AnimatorFadeTest : public AnimationTest
 {
 protected:
     void SetUp() override
     {
-        AddOnTest::SetUp();
+        AnimationTest::SetUp();
         vantix::host::setStyle(IntensityPath, SavedIntensity);
         vantix::host::setStyle(BackgroundLightPath, SavedBackgroundLight);
         vantix::host::setTracing(true);
     }
 
-    static Settings_s Fades(bool fadeIn, bool fadeOut)
-    {
-        Settings_s settings;
-        settings.fadeIn = fadeIn;
-        settings.fadeOut = fadeOut;
-        return settings;
-    }
-
-    // The factor the frame set the lights to, or nothing when it left them alone.
-    static std::optional<double> DrawAndReadFactor(AnimatorFade& animator, std::size_t frame)
+    // The factor the frame set both lights to, or Unchanged.
+    static double DrawAndReadFactor(AnimatorFade& animator, std::size_t frame)
     {
         const std::size_t start = vantix::host::trace().size();
         animator.drawFrame(frame);
-        const std::vector<std::string> trace = TraceSince(start);
-        if (trace.empty())
-            return std::nullopt;
-        EXPECT_EQ((std::vector<std::string>{"StyleValue.set GlobalThreeD/LightSource/Intensity",
-                                            "StyleValue.set GlobalThreeD/LightSource/BackgroundLight"}),
-                  trace);
+        if (TraceSince(start).empty())
+            return Unchanged;
+        EXPECT_EQ("lights", ChainSteps(TraceSince(start))) << frame;
+        EXPECT_EQ(2u, TraceSince(start).size()) << frame;
         const double factor = StyleNumber(IntensityPath) / SavedIntensity;
         EXPECT_DOUBLE_EQ(factor, StyleNumber(BackgroundLightPath) / SavedBackgroundLight) << frame;
         return factor;
     }
 };
 
-} // namespace
-
-TEST_F(AnimatorFadeTest, TheLightsAreScaledOverTheFirstAndLastFramesOfTheList)
+TEST_F(AnimatorFadeTest, TheLightsAreScaledOverTheFirstAndLastFramesAndPutBackWithTheFrameAxis)
 {
-    const std::optional<double> unchanged;
-    const struct
-    {
-        const char* what;
-        std::uint64_t totalFrames;
-        bool fadeIn, fadeOut;
-        std::vector<std::pair<std::size_t, std::optional<double>>> factors;
-    } cases[] = {
-        {"100 frames, fade in",
-         100,
-         true,
-         false,
-         {{0, 0.0},
-          {1, 1.0 / 30},
-          {15, 0.5},
-          {29, 29.0 / 30},
-          {30, 1.0},
-          {31, unchanged},
-          {70, unchanged},
-          {99, unchanged}}},
-        {"100 frames, fade out",
-         100,
-         false,
-         true,
-         {{0, unchanged},
-          {30, unchanged},
-          {69, unchanged},
-          {70, 29.0 / 30},
-          {85, 14.0 / 30},
-          {98, 1.0 / 30},
-          {99, 0.0}}},
-        {"50 frames, both",
-         50,
-         true,
-         true,
-         {{0, 0.0}, {1, 0.2}, {5, 1.0}, {6, unchanged}, {44, unchanged}, {45, 0.8}, {49, 0.0}}},
-        {"91 frames fade over 30",
-         91,
-         true,
-         true,
-         {{30, 1.0}, {31, unchanged}, {60, unchanged}, {61, 29.0 / 30}}},
-        {"90 frames fade over 9",
-         90,
-         true,
-         true,
-         {{9, 1.0}, {10, unchanged}, {80, unchanged}, {81, 8.0 / 9}}},
-        {"10 frames fade over 1",
-         10,
-         true,
-         true,
-         {{0, 0.0}, {1, 1.0}, {2, unchanged}, {8, unchanged}, {9, 0.0}}},
+    const double U = Unchanged;
+    // The frames of the animation, the fades, whether the frame axis is shown, and the factor of the lights
+    // that drawing a frame leaves.
+    using Factors = std::vector<std::pair<std::size_t, double>>; // frame, factor
+    // clang-format off
+    const std::tuple<const char*, std::uint64_t, bool, bool, bool, Factors> cases[] = {
+        {"100 frames, fade in", 100, true, false, true,
+         {{0, 0.0}, {1, 1.0 / 30}, {15, 0.5}, {29, 29.0 / 30}, {30, 1.0}, {31, U}, {70, U}, {99, U}}},
+        {"100 frames, fade out", 100, false, true, false,
+         {{0, U}, {30, U}, {69, U}, {70, 29.0 / 30}, {85, 14.0 / 30}, {98, 1.0 / 30}, {99, 0.0}}},
+        {"50 frames, both", 50, true, true, true,
+         {{0, 0.0}, {1, 0.2}, {5, 1.0}, {6, U}, {44, U}, {45, 0.8}, {49, 0.0}}},
+        {"91 frames fade over 30", 91, true, true, false, {{30, 1.0}, {31, U}, {60, U}, {61, 29.0 / 30}}},
+        {"90 frames fade over 9", 90, true, true, true, {{9, 1.0}, {10, U}, {80, U}, {81, 8.0 / 9}}},
+        {"10 frames fade over 1", 10, true, true, false, {{0, 0.0}, {1, 1.0}, {2, U}, {8, U}, {9, 0.0}}},
         // Fewer than ten frames leave no frame to fade over: the lights are never touched.
-        {"9 frames, fade out", 9, false, true, {{0, unchanged}, {4, unchanged}, {8, unchanged}}},
-        {"9 frames, fade in", 9, true, false, {{0, unchanged}, {1, unchanged}, {8, unchanged}}},
-        {"2 frames, both", 2, true, true, {{0, unchanged}, {1, unchanged}}},
+        {"9 frames, fade out", 9, false, true, true, {{0, U}, {4, U}, {8, U}}},
+        {"9 frames, fade in", 9, true, false, false, {{0, U}, {1, U}, {8, U}}},
+        {"2 frames, both", 2, true, true, true, {{0, U}, {1, U}}},
     };
-    for (const auto& c : cases)
+    // clang-format on
+    for (const auto& [what, totalFrames, fadeIn, fadeOut, axisShown, factors] : cases)
     {
+        vantix::host::setStyle(FrameAxisShownPath, axisShown);
+        std::size_t start = vantix::host::trace().size();
         {
-            AnimatorFade animator(KeyFramesOver(c.totalFrames), Fades(c.fadeIn, c.fadeOut), nullptr);
-            for (const auto& [frame, expected] : c.factors)
-            {
-                const std::optional<double> factor = DrawAndReadFactor(animator, frame);
-                ASSERT_EQ(expected.has_value(), factor.has_value()) << c.what << ", frame " << frame;
-                EXPECT_NEAR(expected.value_or(-1.0), factor.value_or(-1.0), 1e-12)
-                    << c.what << ", frame " << frame;
-            }
-            EXPECT_FALSE(StyleSwitch(FrameAxisShownPath)) << c.what;
+            AnimatorFade animator(KeyFramesOver(totalFrames), Animation(false, false, fadeIn, fadeOut),
+                                  nullptr);
+            // Building hides the frame axis and leaves the lights alone.
+            EXPECT_EQ("axis", ChainSteps(TraceSince(start))) << what;
+            EXPECT_FALSE(StyleSwitch(FrameAxisShownPath)) << what;
+            for (const auto& [frame, expected] : factors)
+                EXPECT_NEAR(expected, DrawAndReadFactor(animator, frame), 1e-12)
+                    << what << ", frame " << frame;
+            start = vantix::host::trace().size();
         }
-        EXPECT_EQ(SavedIntensity, StyleNumber(IntensityPath)) << c.what;
-        EXPECT_EQ(SavedBackgroundLight, StyleNumber(BackgroundLightPath)) << c.what;
-        EXPECT_TRUE(StyleSwitch(FrameAxisShownPath)) << c.what;
+        // The lights are put back first, then the axis, from whatever the last frame left.
+        EXPECT_EQ("lights axis", ChainSteps(TraceSince(start))) << what;
+        EXPECT_EQ(SavedIntensity, StyleNumber(IntensityPath)) << what;
+        EXPECT_EQ(SavedBackgroundLight, StyleNumber(BackgroundLightPath)) << what;
+        EXPECT_EQ(axisShown, StyleSwitch(FrameAxisShownPath)) << what;
     }
-}
-
-TEST_F(AnimatorFadeTest, TheFrameAxisIsHiddenFromTheStartAndPutBackAsItWas)
-{
-    for (const bool shown : {true, false})
-    {
-        vantix::host::setStyle(FrameAxisShownPath, shown);
-        const std::size_t start = vantix::host::trace().size();
-        {
-            AnimatorFade animator(KeyFramesOver(5), Fades(false, true), nullptr);
-            EXPECT_EQ((std::vector<std::string>{"StyleValue.set ThreeDAxis/FrameAxis/Show"}),
-                      TraceSince(start));
-            EXPECT_FALSE(StyleSwitch(FrameAxisShownPath));
-        }
-        EXPECT_EQ(shown, StyleSwitch(FrameAxisShownPath));
-        // The lights are put back first, then the axis.
-        EXPECT_EQ((std::vector<std::string>{"StyleValue.set ThreeDAxis/FrameAxis/Show",
-                                            "StyleValue.set GlobalThreeD/LightSource/Intensity",
-                                            "StyleValue.set GlobalThreeD/LightSource/BackgroundLight",
-                                            "StyleValue.set ThreeDAxis/FrameAxis/Show"}),
-                  TraceSince(start));
-    }
-}
-
-TEST_F(AnimatorFadeTest, TheLightsComeBackFromTheMiddleOfAFade)
-{
-    {
-        AnimatorFade animator(KeyFramesOver(100), Fades(true, true), nullptr);
-        animator.drawFrame(0);
-        animator.drawFrame(12);
-        EXPECT_NEAR(SavedIntensity * 12 / 30, StyleNumber(IntensityPath), 1e-9);
-    }
-    EXPECT_EQ(SavedIntensity, StyleNumber(IntensityPath));
-    EXPECT_EQ(SavedBackgroundLight, StyleNumber(BackgroundLightPath));
 }

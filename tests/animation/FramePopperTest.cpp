@@ -1,126 +1,80 @@
+// The frame poppers: the full one turns the frame stack over, the lightweight one walks it with the host's
+// lightweight pop; both visit every frame once from the top, finish the walk however early they are let go,
+// and put the active frame, the stack, the lock and the drawing back.
 #include "animation/FramePopper.h"
+#include "animation/ChainTestHelpers.h"
 #include "animation/FramePopperAbstractFactory.h"
 #include "animation/FramePopperLightweight.h"
 
-#include <support/AddOnTest.h>
-
-#include <VtxUtil.h>
-
 #include <memory>
-#include <string>
-#include <vector>
 
-using namespace vantix::vtxutiltools;
-
-namespace
-{
+using namespace testhelpers;
 
 // Three frames: A active but not on top, B on top, C between them. From the top down the stack is B, C, A.
-class FramePopperTest : public testsupport::AddOnTest
+class FramePopperTest : public AnimationTest
 {
 protected:
     void SetUp() override
     {
-        AddOnTest::SetUp();
-        m_a = m_frame;
+        AnimationTest::SetUp();
         m_c = vantix::host::addFrame();
         m_b = vantix::host::addFrame();
-        vantix::host::activateFrame(m_a);
+        vantix::host::activateFrame(m_frame);
         m_stack = vantix::host::frameStack();
-        ASSERT_EQ((std::vector<UniqueID_t>{m_a, m_c, m_b}), m_stack);
+        ASSERT_EQ((std::vector<UniqueID_t>{m_frame, m_c, m_b}), m_stack);
     }
 
-    // The active frame first, then after each next() that answered true; the answers go to answers.
-    static std::vector<UniqueID_t> Walk(FramePopperAbstract& popper, std::vector<bool>& answers)
-    {
-        std::vector<UniqueID_t> visited = {vantix::host::activeFrame()};
-        for (;;)
-        {
-            const bool more = popper.next();
-            answers.push_back(more);
-            if (!more)
-                return visited;
-            visited.push_back(vantix::host::activeFrame());
-        }
-    }
-
-    UniqueID_t m_a = 0;
-    UniqueID_t m_b = 0;
-    UniqueID_t m_c = 0;
+    UniqueID_t m_b = 0, m_c = 0;
     std::vector<UniqueID_t> m_stack;
 };
 
-} // namespace
-
-TEST_F(FramePopperTest, EachPopperVisitsEveryFrameOnceFromTheTopAndPutsTheHostBack)
+TEST_F(FramePopperTest, EachPopperVisitsEveryFrameOnceFromTheTopAndPutsTheHostBackWhereverItStopped)
 {
+    using LockAndSuspension = std::pair<int, int>;
     for (const bool full : {true, false})
-    {
-        const std::string which = full ? "full" : "lightweight";
-        std::vector<bool> answers;
+        for (const std::size_t steps : {0, 1, 3}) // 3: the whole walk, whose last step answers false
         {
-            std::unique_ptr<FramePopperAbstract> popper = FramePopperAbstractFactory::getFramePopper(full);
-            EXPECT_EQ(full, dynamic_cast<FramePopper*>(popper.get()) != nullptr) << which;
-            EXPECT_EQ(!full, dynamic_cast<FramePopperLightweight*>(popper.get()) != nullptr) << which;
-            EXPECT_EQ((std::vector<UniqueID_t>{m_b, m_c, m_a}), Walk(*popper, answers)) << which;
-            EXPECT_EQ((std::vector<bool>{true, true, false}), answers) << which;
-            // Once the walk is over it stays over.
-            EXPECT_FALSE(popper->next()) << which;
-            EXPECT_EQ(1, vantix::host::lockDepth(AddOnID)) << which;
-            EXPECT_EQ(full ? 1 : 0, vantix::host::drawSuspensionDepth()) << which;
-        }
-        EXPECT_EQ(m_a, vantix::host::activeFrame()) << which;
-        EXPECT_EQ(m_stack, vantix::host::frameStack()) << which;
-        EXPECT_EQ(0, vantix::host::lockDepth(AddOnID)) << which;
-        EXPECT_EQ(0, vantix::host::drawSuspensionDepth()) << which;
-    }
-}
-
-TEST_F(FramePopperTest, APopperStoppedEarlyOrAtOnceStillCompletesTheWalkAndReactivatesTheStart)
-{
-    for (const int steps : {0, 1})
-    {
-        for (const bool full : {true, false})
-        {
-            const std::string which =
-                std::string(full ? "full" : "lightweight") + " after " + std::to_string(steps) + " steps";
-            const long pushesBefore = vantix::host::callCount("VtxUtilFramePushTop");
-            const long stepsBefore = vantix::host::callCount("VtxUtilFrameLightweightPopNext");
+            SCOPED_TRACE((full ? "full after " : "lightweight after ") + std::to_string(steps));
+            const long pushes = Calls("VtxUtilFramePushTop"), pops = Calls("VtxUtilFrameLightweightPopNext");
             {
-                std::unique_ptr<FramePopperAbstract> popper =
+                const std::unique_ptr<FramePopperAbstract> popper =
                     FramePopperAbstractFactory::getFramePopper(full);
-                for (int i = 0; i < steps; ++i)
-                    EXPECT_TRUE(popper->next()) << which;
+                EXPECT_EQ(full, dynamic_cast<FramePopper*>(popper.get()) != nullptr);
+                EXPECT_EQ(!full, dynamic_cast<FramePopperLightweight*>(popper.get()) != nullptr);
+                std::vector<UniqueID_t> visited = {vantix::host::activeFrame()},
+                                        expected = {m_b, m_c, m_frame};
+                for (std::size_t step = 0; step < steps; ++step)
+                    if (popper->next())
+                        visited.push_back(vantix::host::activeFrame());
+                expected.resize(std::min<std::size_t>(steps + 1, 3));
+                EXPECT_EQ(expected, visited);
+                // Once the walk is over it stays over.
+                EXPECT_TRUE(steps < 3 || !popper->next());
+                EXPECT_EQ(
+                    LockAndSuspension(1, full ? 1 : 0),
+                    LockAndSuspension(vantix::host::lockDepth(AddOnID), vantix::host::drawSuspensionDepth()));
             }
             // The full popper turns the whole stack once; the lightweight one steps to the end of its walk.
-            EXPECT_EQ(full ? 3 : 0, vantix::host::callCount("VtxUtilFramePushTop") - pushesBefore) << which;
-            EXPECT_EQ(full ? 0 : 3, vantix::host::callCount("VtxUtilFrameLightweightPopNext") - stepsBefore)
-                << which;
-            EXPECT_EQ(m_a, vantix::host::activeFrame()) << which;
-            EXPECT_EQ(m_stack, vantix::host::frameStack()) << which;
+            EXPECT_EQ(full ? 3 : 0, Calls("VtxUtilFramePushTop") - pushes);
+            EXPECT_TRUE(steps == 3 || Calls("VtxUtilFrameLightweightPopNext") - pops == (full ? 0 : 3));
+            EXPECT_EQ(m_frame, vantix::host::activeFrame());
+            EXPECT_EQ(m_stack, vantix::host::frameStack());
+            EXPECT_EQ(LockAndSuspension(0, 0), LockAndSuspension(vantix::host::lockDepth(AddOnID),
+                                                                 vantix::host::drawSuspensionDepth()));
         }
-    }
 }
 
-TEST_F(FramePopperTest, TheFullPopperEndsTheWalkAtOnceOnASingleFrame)
+TEST_F(FramePopperTest, ASingleFrameOrNoneLeavesNothingToVisit)
 {
-    vantix::host::reset();
-    const UniqueID_t only = vantix::host::addFrame();
-    FramePopper popper;
-    EXPECT_EQ(only, vantix::host::activeFrame());
-    EXPECT_FALSE(popper.next());
-    EXPECT_EQ(only, vantix::host::activeFrame());
-}
-
-TEST_F(FramePopperTest, APageWithoutFramesHasNothingToVisit)
-{
-    vantix::host::reset();
-    for (const bool full : {true, false})
-    {
-        std::unique_ptr<FramePopperAbstract> popper = FramePopperAbstractFactory::getFramePopper(full);
-        EXPECT_FALSE(popper->next()) << full;
-    }
-    EXPECT_THAT(vantix::host::hostErrors(), ::testing::IsEmpty());
+    for (const bool oneFrame : {true, false})
+        for (const bool full : {true, false})
+        {
+            vantix::host::reset();
+            const UniqueID_t only = oneFrame ? vantix::host::addFrame() : 0;
+            EXPECT_FALSE(FramePopperAbstractFactory::getFramePopper(full)->next()) << oneFrame << full;
+            EXPECT_EQ(only, vantix::host::activeFrame()) << oneFrame << full;
+            EXPECT_THAT(vantix::host::hostErrors(), ::testing::IsEmpty());
+        }
 }
 
 TEST_F(FramePopperTest, TheActivePoppersAreCounted)
@@ -130,7 +84,7 @@ TEST_F(FramePopperTest, TheActivePoppersAreCounted)
         FramePopper full;
         EXPECT_EQ(1, FramePopperAbstract::numActivePoppers());
         {
-            std::unique_ptr<FramePopperAbstract> lightweight =
+            const std::unique_ptr<FramePopperAbstract> lightweight =
                 FramePopperAbstractFactory::getFramePopper(false);
             EXPECT_EQ(2, FramePopperAbstract::numActivePoppers());
             EXPECT_EQ(2, vantix::host::lockDepth(AddOnID));

@@ -45,39 +45,25 @@ inline View HostView()
 // Sets the host's view to view, keeping the rotation origin and field of view, with perspective as given.
 inline void SetHostView(const View& view, bool perspective = false)
 {
-    vantix::host::ViewState state = vantix::host::view();
-    state.x = view.x();
-    state.y = view.y();
-    state.z = view.z();
-    state.psi = view.psi();
-    state.theta = view.theta();
-    state.alpha = view.alpha();
-    state.width = view.width();
-    state.perspective = perspective;
-    vantix::host::setView(state);
+    const vantix::host::ViewState state = vantix::host::view();
+    vantix::host::setView({view.x(), view.y(), view.z(), view.psi(), view.theta(), view.alpha(), view.width(),
+                           perspective, state.fieldOfView, state.originX, state.originY, state.originZ});
 }
 
 // The host calls of applying one view, as the host traces them: under two locks with drawing suspended,
 // the angles, the position, and the width written while the view is orthographic.
 inline const std::vector<std::string>& ApplyViewTrace()
 {
+    // clang-format off
     static const std::vector<std::string> calls = {
-        "VtxUtilLockStart",
-        "VtxUtilLockStart",
-        "VtxUtilDrawGraphics",
-        "StyleValue.set ThreeDView/PSIAngle",
-        "StyleValue.set ThreeDView/ThetaAngle",
-        "StyleValue.set ThreeDView/AlphaAngle",
-        "StyleValue.set ThreeDView/ViewerPosition/X",
-        "StyleValue.set ThreeDView/ViewerPosition/Y",
-        "StyleValue.set ThreeDView/ViewerPosition/Z",
-        "StyleValue.set ThreeDView/DrawInPerspective",
-        "StyleValue.set ThreeDView/ViewWidth",
-        "StyleValue.set ThreeDView/DrawInPerspective",
-        "VtxUtilDrawGraphics",
-        "VtxUtilLockFinish",
-        "VtxUtilLockFinish",
-    };
+        "VtxUtilLockStart", "VtxUtilLockStart", "VtxUtilDrawGraphics",
+        "StyleValue.set ThreeDView/PSIAngle", "StyleValue.set ThreeDView/ThetaAngle",
+        "StyleValue.set ThreeDView/AlphaAngle", "StyleValue.set ThreeDView/ViewerPosition/X",
+        "StyleValue.set ThreeDView/ViewerPosition/Y", "StyleValue.set ThreeDView/ViewerPosition/Z",
+        "StyleValue.set ThreeDView/DrawInPerspective", "StyleValue.set ThreeDView/ViewWidth",
+        "StyleValue.set ThreeDView/DrawInPerspective", "VtxUtilDrawGraphics", "VtxUtilLockFinish",
+        "VtxUtilLockFinish"};
+    // clang-format on
     return calls;
 }
 

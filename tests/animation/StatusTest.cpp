@@ -1,115 +1,67 @@
+// The progress line: its message with or without the cancel hint while it lives, the percent done passed
+// at each step, and the user's cancel request seen at the check that noticed it.
 #include "animation/Status.h"
+#include "animation/ChainTestHelpers.h"
 
-#include <support/AddOnTest.h>
+using namespace testhelpers;
 
-#include <cstddef>
-#include <string>
-#include <vector>
+using StatusTest = AnimationTest;
 
-using namespace vantix::vtxutiltools;
-using vantix::host::StatusEvent;
-
-namespace
+TEST_F(StatusTest, ShowsTheMessageWithOrWithoutTheCancelHintUntilDestroyed)
 {
-
-class StatusTest : public testsupport::AddOnTest
-{
-};
-
-const std::string CancelHint = " Press [Esc] or click [Stop] to cancel.";
-
-// The percentages of the host's percent checks, in order.
-std::vector<int> CheckedPercents()
-{
-    std::vector<int> percents;
-    for (const StatusEvent& event : vantix::host::statusEvents())
-        if (event.kind == StatusEvent::Kind::Check)
-            percents.push_back(event.percent);
-    return percents;
-}
-
-} // namespace
-
-TEST_F(StatusTest, ShowsTheMessageWithTheCancelHintUntilDestroyed)
-{
+    for (const Status::CancelOption option : {Status::AllowCancel, Status::NoCancelHint})
     {
-        Status status("Working....", Status::AllowCancel, std::size_t(3));
-        EXPECT_TRUE(vantix::host::statusIsShown());
-        EXPECT_EQ("Working...." + CancelHint, vantix::host::statusText());
-        status.setMessage("Still working....");
-        EXPECT_EQ("Still working...." + CancelHint, vantix::host::statusText());
-        EXPECT_EQ("Done." + CancelHint, status.buildStatusMessage("Done."));
+        vantix::host::reset();
+        const std::string hint = option == Status::AllowCancel ? CancelHint : "";
+        {
+            Status status("Working....", option, std::size_t(3));
+            EXPECT_EQ("Working...." + hint, vantix::host::statusText());
+            status.setMessage("Still working....");
+            EXPECT_EQ("Still working...." + hint, vantix::host::statusText());
+            EXPECT_EQ("Done." + hint, status.buildStatusMessage("Done."));
+            EXPECT_TRUE(vantix::host::statusIsShown());
+            // The cancel request is noticed with or without the hint.
+            vantix::host::scriptCancelAtCheck(1);
+            ++status;
+            EXPECT_TRUE(status.isCanceled());
+        }
+        EXPECT_FALSE(vantix::host::statusIsShown());
+        EXPECT_EQ((Strings{"start Working...." + hint + " [stop] [bar]", "text Still working...." + hint,
+                           "33%", "finish"}),
+                  StatusEvents());
     }
-    EXPECT_FALSE(vantix::host::statusIsShown());
-
-    const std::vector<StatusEvent> events = vantix::host::statusEvents();
-    ASSERT_EQ(3u, events.size());
-    EXPECT_EQ(StatusEvent::Kind::Start, events[0].kind);
-    EXPECT_EQ("Working...." + CancelHint, events[0].text);
-    EXPECT_TRUE(events[0].showStop);
-    EXPECT_TRUE(events[0].showBar);
-    EXPECT_EQ(StatusEvent::Kind::SetText, events[1].kind);
-    EXPECT_EQ(StatusEvent::Kind::Finish, events[2].kind);
-}
-
-TEST_F(StatusTest, WithoutTheHintTheMessageStandsAlone)
-{
-    Status status("Working....", Status::NoCancelHint, 2);
-    EXPECT_EQ("Working....", vantix::host::statusText());
-    EXPECT_EQ("Next", status.buildStatusMessage("Next"));
-    status.setMessage("Next");
-    EXPECT_EQ("Next", vantix::host::statusText());
-    // The cancel request is still noticed.
-    vantix::host::scriptCancelAtCheck(1);
-    ++status;
-    EXPECT_TRUE(status.isCanceled());
 }
 
 TEST_F(StatusTest, EachStepPassesThePercentDoneTruncatedAndAtMostHundred)
 {
-    const struct
-    {
-        std::size_t total;
-        int steps;
-        std::vector<int> expected;
-    } cases[] = {
-        {3, 3, {33, 66, 100}}, {2, 4, {50, 100, 100, 100}}, {7, 2, {14, 28}}, {1, 1, {100}}, {200, 1, {0}},
-    };
-    for (const auto& c : cases)
+    // The steps of the operation, the steps counted, and the percentages passed.
+    const std::tuple<std::size_t, int, const char*> cases[] = {
+        {3, 3, "33 66 100"}, {2, 4, "50 100 100 100"}, {7, 2, "14 28"}, {1, 1, "100"}, {200, 1, "0"}};
+    for (const auto& [total, steps, expected] : cases)
     {
         vantix::host::reset();
         {
-            Status status("Counting", Status::AllowCancel, c.total);
-            for (int i = 0; i < c.steps; ++i)
-            {
-                ++status;
-                EXPECT_FALSE(status.isCanceled());
-            }
+            Status status("Counting", Status::AllowCancel, total);
+            for (int i = 0; i < steps; ++i)
+                EXPECT_FALSE((++status).isCanceled());
         }
-        EXPECT_EQ(c.expected, CheckedPercents()) << "total " << c.total;
+        EXPECT_EQ(expected, Percents()) << "total " << total;
     }
 }
 
-TEST_F(StatusTest, UpdateChecksWithoutCountingAStep)
+TEST_F(StatusTest, UpdateChecksWithoutCountingAStepAndACancelIsReportedFromTheCheckThatSawIt)
 {
     Status status("Counting", Status::AllowCancel, std::size_t(4));
-    status.update();
-    ++status;
-    status.update();
-    ++status;
-    EXPECT_EQ((std::vector<int>{0, 25, 25, 50}), CheckedPercents());
-}
-
-TEST_F(StatusTest, ACancelRequestIsReportedFromTheCheckThatSawIt)
-{
-    Status status("Counting", Status::AllowCancel, std::size_t(10));
-    vantix::host::scriptCancelAtCheck(3);
-    ++status;
-    EXPECT_FALSE(status.isCanceled());
-    status.update();
-    EXPECT_FALSE(status.isCanceled());
-    ++status;
-    EXPECT_TRUE(status.isCanceled());
+    vantix::host::scriptCancelAtCheck(4);
+    std::vector<bool> canceled;
+    for (int i = 0; i < 2; ++i)
+    {
+        status.update();
+        canceled.push_back(status.isCanceled());
+        canceled.push_back((++status).isCanceled());
+    }
+    EXPECT_EQ("0 25 25 50", Percents());
+    EXPECT_EQ((std::vector<bool>{false, false, false, true}), canceled);
 }
 
 TEST_F(StatusTest, WithNoStepsTheHostIsNeverAskedAndNothingIsCanceled)
@@ -119,14 +71,7 @@ TEST_F(StatusTest, WithNoStepsTheHostIsNeverAskedAndNothingIsCanceled)
         Status status("Nothing to do", Status::AllowCancel, std::size_t(0));
         ++status;
         status.update();
-        ++status;
-        EXPECT_FALSE(status.isCanceled());
+        EXPECT_FALSE((++status).isCanceled());
     }
-    EXPECT_TRUE(CheckedPercents().empty());
-    const std::vector<StatusEvent> events = vantix::host::statusEvents();
-    ASSERT_EQ(2u, events.size());
-    EXPECT_EQ(StatusEvent::Kind::Start, events[0].kind);
-    EXPECT_FALSE(events[0].showStop);
-    EXPECT_FALSE(events[0].showBar);
-    EXPECT_EQ(StatusEvent::Kind::Finish, events[1].kind);
+    EXPECT_EQ((Strings{"start Nothing to do" + CancelHint, "finish"}), StatusEvents());
 }
