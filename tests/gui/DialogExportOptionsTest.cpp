@@ -6,8 +6,6 @@
 #include <support/MainDialogTest.h>
 #include <support/TempFolder.h>
 
-#include <tuple>
-
 using namespace vantix::host;
 using ::testing::IsEmpty;
 using vantix::vtxutiltools::AddOnID;

@@ -5,20 +5,13 @@
 #include "support/TempFolder.h"
 #include "support/ThrownMessage.h"
 
-#include <VtxUtil.h>
 #include <vantix/host/Export.h>
-#include <vantix/host/Host.h>
-#include <vantix/host/Scene.h>
 #include <vantix/toolbox/StyleValue.h>
 
 #include <cstdlib>
 #include <filesystem>
 #include <map>
 #include <set>
-#include <string>
-#include <tuple>
-#include <utility>
-#include <vector>
 
 namespace
 {
@@ -139,7 +132,7 @@ TEST_F(ExportTest, TheRasterMetafileKeepsEveryFrameExactly)
         << "the decoded AVI differs from the raster metafile";
 }
 
-TEST_F(ExportTest, CancelledAndFailedExportsLeaveNoFileBehind)
+TEST_F(ExportTest, CancelledAndFailedExportsLeaveNoFileBehindAndWrongCallsAreRefused)
 {
     for (const char* format : {"MPEG4", "RasterMetafile", "AVI"})
     {
@@ -165,10 +158,8 @@ TEST_F(ExportTest, CancelledAndFailedExportsLeaveNoFileBehind)
     Setup({{"ExportFormat", "RasterMetafile"}});
     EXPECT_FALSE(VtxUtilExportStart());
     EXPECT_THAT(lastExportError(), HasSubstr("no such folder"));
-}
 
-TEST_F(ExportTest, ExportsRefuseWhatTheyCannotDo)
-{
+    // Calls out of order, and a format without an animation.
     Setup({}, "movie.mp4");
     EXPECT_FALSE(VtxUtilExportNextFrame() || VtxUtilExportFinish());
     EXPECT_EQ("no export is in progress", lastExportError());

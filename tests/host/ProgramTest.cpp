@@ -5,18 +5,15 @@
 #include "support/TempFolder.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <csignal>
 #include <fcntl.h>
 #include <filesystem>
 #include <pty.h>
-#include <string>
 #include <sys/wait.h>
 #include <termios.h>
 #include <unistd.h>
-#include <vector>
 
 namespace
 {
@@ -110,11 +107,10 @@ TEST_F(ProgramTest, HelpDocumentsEveryOption)
     const Outcome outcome = RunVantix({"--help"});
     EXPECT_EQ(std::make_pair(0, std::string()), std::make_pair(outcome.exitStatus, outcome.err));
     // The default module is the key frame module beside the program.
-    for (const std::string& text : std::vector<std::string>{
-             "Usage: vantix [options] MACRO", "--addon PATH", "--no-default-addon", "--record FILE", "--help",
-             "Ctrl-C", "Exit status", "desktop front end does not exist yet",
-             fs::path(KEYFRAME_MODULE_PATH).lexically_normal().string()})
-        EXPECT_THAT(outcome.out, HasSubstr(text));
+    for (const std::string text :
+         {"Usage: vantix [options] MACRO", "--addon PATH", "--no-default-addon", "--record FILE", "--help",
+          "Ctrl-C", "Exit status", "desktop front end does not exist yet", KEYFRAME_MODULE_PATH})
+        EXPECT_THAT(outcome.out, HasSubstr(fs::path(text).lexically_normal().string()));
 }
 
 TEST_F(ProgramTest, EachRunEndsWithItsExitStatusAndWhatItWrote)

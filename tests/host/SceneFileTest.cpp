@@ -4,14 +4,9 @@
 #include "support/TempFolder.h"
 #include "support/ThrownMessage.h"
 
-#include <VtxUtil.h>
-#include <vantix/host/Scene.h>
-
 #include <array>
 #include <cstdint>
 #include <stdexcept>
-#include <string>
-#include <tuple>
 
 namespace
 {

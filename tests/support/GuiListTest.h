@@ -9,10 +9,6 @@
 
 #include <VtxGUI.h>
 
-#include <cstddef>
-#include <string>
-#include <vector>
-
 namespace testsupport
 {
 
