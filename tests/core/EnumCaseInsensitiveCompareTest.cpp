@@ -8,75 +8,43 @@
 
 using namespace vantix::vtxutiltools;
 
-TEST(CaseInsensitiveStringLessTest, OrdersByTheLowerCasedBytes)
+TEST(CaseInsensitiveStringTest, OrdersAndMatchesByTheLowerCasedBytes)
 {
+    // order: -1 when a comes first, 1 when b does, 0 when they match.
     const struct
     {
-        std::string a;
-        std::string b;
-        bool less;
+        std::string a, b;
+        int order;
     } cases[] = {
-        {"abc", "ABD", true},
-        {"", "a", true},
-        {"ABC", "abc", false},
-        {"abc", "ABC", false},
-        {"a", "", false},
-        {"", "", false},
-        {"Animate", "AnimateTime", true},
-        {"AnimateTime", "Animate", false},
-        {"ANIMATE", "animatetime", true},
-        {"abd", "ABC", false},
+        // clang-format off
+        {"abc", "ABD", -1}, {"abd", "ABC", 1}, {"ABC", "abc", 0}, {"", "", 0}, {"", "a", -1},
+        {"#!keyframe", "#!KeyFrame", 0}, {"#!KEYFRAME", "#!KeyFrame", 0}, {"#!KeyFrame", "#!KeyFrame", 0},
+        {"#!KeyFrane", "#!KeyFrame", 1}, {"a b", "A B", 0}, {"a_b", "A_B", 0},
+        // A proper prefix comes first.
+        {"Animate", "AnimateTime", -1}, {"ANIMATE", "animatetime", -1}, {"#!KeyFrame ", "#!KeyFrame", 1},
         // Letters of different case: 'a' comes after 'B' as bytes, but before it ignoring case.
-        {"a", "B", true},
-        {"B", "a", false},
+        {"a", "B", -1},
         // Between the upper- and the lower-case letters: lower-casing, not upper-casing, puts them first.
-        {"_", "a", true},
-        {"[", "A", true},
-        {"A", "_", false},
-        // Characters 32 apart that are not letters stay different.
-        {"@", "`", true},
-        {"`", "@", false},
-        {"[", "{", true},
+        {"_", "a", -1}, {"[", "A", -1},
+        // Characters 32 apart that are not letters stay different, and so do letters beyond ASCII.
+        {"@", "`", -1}, {"[", "{", -1}, {"\xc3\x89", "\xc3\xa9", -1},
         // Bytes above 127 come after every ASCII character.
-        {"z", "\xc3\xa9", true},
-        {"\xc3\xa9", "z", false},
+        {"z", "\xc3\xa9", -1},
         // Blanks count.
-        {"To File", "ToFile", true},
-        {"ToFile", "ToFile ", true},
+        {"To File", "ToFile", -1}, {"ToFile", "ToFile ", -1},
+        // clang-format on
     };
     for (const auto& c : cases)
-        EXPECT_EQ(c.less, CaseInsensitiveStringLess(c.a, c.b)) << '"' << c.a << "\" < \"" << c.b << '"';
-}
-
-TEST(CaseInsensitiveStringMatchTest, MatchesTextsOfOneLengthThatDifferOnlyInCase)
-{
-    const struct
     {
-        std::string a;
-        std::string b;
-        bool match;
-    } cases[] = {
-        {"#!keyframe", "#!KeyFrame", true},
-        {"#!KEYFRAME", "#!KeyFrame", true},
-        {"#!KeyFrame", "#!KeyFrame", true},
-        {"", "", true},
-        {"#!KeyFram", "#!KeyFrame", false},
-        {"#!KeyFrame", "#!KeyFram", false},
-        {"#!KeyFrame ", "#!KeyFrame", false},
-        {"a", "", false},
-        {"", "a", false},
-        {"a b", "A B", true},
-        {"a_b", "A_B", true},
-        {"@", "`", false},
-        {"[", "{", false},
-        {"\xc3\xa9", "\xc3\x89", false},
-        {"#!KeyFrane", "#!KeyFrame", false},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(c.match, CaseInsensitiveStringMatch(c.a, c.b)) << '"' << c.a << "\" ~ \"" << c.b << '"';
+        SCOPED_TRACE('"' + c.a + "\" and \"" + c.b + '"');
+        EXPECT_EQ(c.order < 0, CaseInsensitiveStringLess(c.a, c.b));
+        EXPECT_EQ(c.order > 0, CaseInsensitiveStringLess(c.b, c.a));
+        EXPECT_EQ(c.order == 0, CaseInsensitiveStringMatch(c.a, c.b));
+        EXPECT_EQ(c.order == 0, CaseInsensitiveStringMatch(c.b, c.a));
+    }
 }
 
-TEST(CaseInsensitiveStringCompareObjTest, KeepsOneOfTextsThatDifferOnlyInCaseInAnOrderedSet)
+TEST(CaseInsensitiveStringTest, TheOrderingObjectKeepsOneOfTextsThatDifferOnlyInCaseInAnOrderedSet)
 {
     const std::set<std::string, CaseInsensitiveStringCompareObj> words = {"Loop", "LOOP",   "bounce",
                                                                           "loop", "Bounce", "AsCaptured"};

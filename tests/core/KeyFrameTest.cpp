@@ -1,3 +1,5 @@
+// The key frame record and the columns taken from a list of them: the total frame count, the extractors
+// and copying.
 #include "core/KeyFrame.h"
 
 #include <gtest/gtest.h>
@@ -26,87 +28,54 @@ std::vector<KeyFrame_s> WithFrameCounts(const std::vector<std::uint64_t>& counts
 TEST(KeyFrameTest, TotalFrameCountIsOnePlusEveryCountButTheLast)
 {
     const std::size_t largest = std::numeric_limits<std::size_t>::max();
-    const struct
-    {
-        std::vector<std::uint64_t> counts;
-        std::size_t expected;
-    } cases[] = {
-        {{10, 5, 99}, 16},
-        {{7}, 1},
-        {{}, 1},
-        {{1, 1}, 2},
-        {{1, 123456}, 2},
-        {{0, 0, 3}, 1},
+    // clang-format off
+    const std::vector<std::pair<std::vector<std::uint64_t>, std::size_t>> cases = {
+        {{10, 5, 99}, 16}, {{7}, 1}, {{}, 1}, {{1, 1}, 2}, {{1, 123456}, 2}, {{0, 0, 3}, 1},
         {{4, 0, 2, 9}, 7},
         // A sum beyond the largest size stays there instead of wrapping round to a small total.
-        {{largest, 1}, largest},
-        {{largest / 2 + 1, largest / 2 + 1, 5}, largest},
-        {{largest - 1, 1}, largest},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(c.expected, GetTotalFrameCount(WithFrameCounts(c.counts)))
-            << ::testing::PrintToString(c.counts);
+        {{largest, 1}, largest}, {{largest - 1, 1}, largest},
+        {{largest / 2 + 1, largest / 2 + 1, 5}, largest}};
+    // clang-format on
+    for (const auto& [counts, total] : cases)
+        EXPECT_EQ(total, GetTotalFrameCount(WithFrameCounts(counts))) << ::testing::PrintToString(counts);
 }
 
-TEST(KeyFrameTest, ExtractorsReplaceTheOutputWithOneColumnInListOrder)
+TEST(KeyFrameTest, ExtractorsReplaceTheOutputWithOneColumnInListOrderOrFailWithoutTouchingIt)
 {
     const std::vector<KeyFrame_s> keyFrames = WithFrameCounts({4, 5, 6});
-
-    std::vector<std::size_t> counts{99, 98, 97, 96};
-    ExtractFrameCounts(keyFrames, counts);
-    EXPECT_EQ((std::vector<std::size_t>{4, 5, 6}), counts);
-
+    std::vector<std::size_t> counts{99, 98, 97, 96}, some{1};
     std::vector<View> views(5);
-    ExtractViews(keyFrames, views);
-    ASSERT_EQ(3u, views.size());
-    for (std::size_t i = 0; i < 3; ++i)
-        EXPECT_TRUE(views[i] == keyFrames[i].view) << i;
-
     std::vector<double> times{1, 2};
+    ExtractFrameCounts(keyFrames, counts);
+    ExtractViews(keyFrames, views);
     ExtractSolutionTimes(keyFrames, times);
+    EXPECT_EQ((std::vector<std::size_t>{4, 5, 6}), counts);
+    EXPECT_EQ((std::vector<View>{keyFrames[0].view, keyFrames[1].view, keyFrames[2].view}), views);
     EXPECT_EQ((std::vector<double>{0.0, 0.5, 1.0}), times);
+    ExtractFrameCountsForIndices(keyFrames, {2, 0}, some);
+    EXPECT_EQ((std::vector<std::size_t>{6, 4}), some);
+    ExtractFrameCountsForIndices(keyFrames, {1, 1}, some);
+    EXPECT_THROW(ExtractFrameCountsForIndices(keyFrames, {0, 3}, some), std::out_of_range);
+    EXPECT_EQ((std::vector<std::size_t>{5, 5}), some);
 
     ExtractFrameCounts({}, counts);
     ExtractViews({}, views);
     ExtractSolutionTimes({}, times);
-    EXPECT_TRUE(counts.empty());
-    EXPECT_TRUE(views.empty());
-    EXPECT_TRUE(times.empty());
-}
-
-TEST(KeyFrameTest, FrameCountsForIndicesFollowTheIndicesAndFailWithoutTouchingTheOutput)
-{
-    const std::vector<KeyFrame_s> keyFrames = WithFrameCounts({4, 5, 6});
-    std::vector<std::size_t> out{1};
-    ExtractFrameCountsForIndices(keyFrames, {2, 0}, out);
-    EXPECT_EQ((std::vector<std::size_t>{6, 4}), out);
-    ExtractFrameCountsForIndices(keyFrames, {1, 1}, out);
-    EXPECT_EQ((std::vector<std::size_t>{5, 5}), out);
-
-    EXPECT_THROW(ExtractFrameCountsForIndices(keyFrames, {0, 3}, out), std::out_of_range);
-    EXPECT_EQ((std::vector<std::size_t>{5, 5}), out);
-
-    ExtractFrameCountsForIndices(keyFrames, {}, out);
-    EXPECT_TRUE(out.empty());
+    ExtractFrameCountsForIndices(keyFrames, {}, some);
+    EXPECT_TRUE(counts.empty() && views.empty() && times.empty() && some.empty());
 }
 
 TEST(KeyFrameTest, CopiesAreIndependentOfTheirSource)
 {
     KeyFrame_s source(View(1, 2, 3, 4, 5, 6, 7), "Front", 12, 3.5);
+    const KeyFrame_s copy = source;
     KeyFrame_s target(View(), "A much longer name that needs its own allocation", 1, 0.0);
     target = source;
-    EXPECT_TRUE(target.view == source.view);
-    EXPECT_EQ("Front", target.name);
-    EXPECT_EQ(12u, target.frameCount);
-    EXPECT_EQ(3.5, target.solutionTime);
-
+    EXPECT_EQ(copy, target);
     source.name = "Changed";
     source.view.setX(-1);
-    EXPECT_EQ("Front", target.name);
-    EXPECT_EQ(1.0, target.view.x());
-
+    EXPECT_EQ(copy, target);
     const KeyFrame_s& self = target;
     target = self;
-    EXPECT_EQ("Front", target.name);
-    EXPECT_EQ(12u, target.frameCount);
+    EXPECT_EQ(copy, target);
 }

@@ -1,212 +1,130 @@
+// The view record (its fields, arithmetic, equality and text), bringing angles into half a turn, and
+// reading and applying the host's 3D view.
 #include "core/View.h"
 #include "animation/KeyFrameTestHelpers.h"
 #include "core/KeyFrameError.h"
 
 #include <support/AddOnTest.h>
+#include <support/ThrownMessage.h>
 
 #include <cmath>
-#include <functional>
 #include <limits>
-#include <string>
-#include <vector>
 
 using namespace vantix::vtxutiltools;
 using testhelpers::HostView;
-using testhelpers::SetHostView;
+using Values = std::vector<double>;
 
 namespace
 {
 
-class ViewTest : public testsupport::AddOnTest
-{
-};
+using ViewTest = testsupport::AddOnTest;
 
-// One accessor and its setter, so that every field can be checked the same way.
-struct Field_s
-{
-    const char* name;
-    std::function<double(const View&)> get;
-    std::function<void(View&, double)> set;
-};
+// Each field's accessor and setter, in the order of the seven-value constructor: X, Y, Z, Psi, Theta, Alpha,
+// Width.
+const std::vector<std::pair<double (View::*)() const, void (View::*)(double)>> Fields = {
+    {&View::x, &View::setX},        {&View::y, &View::setY},         {&View::z, &View::setZ},
+    {&View::psi, &View::setPsi},    {&View::theta, &View::setTheta}, {&View::alpha, &View::setAlpha},
+    {&View::width, &View::setWidth}};
 
-const std::vector<Field_s>& Fields()
+Values Of(const View& view)
 {
-    static const std::vector<Field_s> fields = {
-        {"X", [](const View& v) { return v.x(); }, [](View& v, double d) { v.setX(d); }},
-        {"Y", [](const View& v) { return v.y(); }, [](View& v, double d) { v.setY(d); }},
-        {"Z", [](const View& v) { return v.z(); }, [](View& v, double d) { v.setZ(d); }},
-        {"Psi", [](const View& v) { return v.psi(); }, [](View& v, double d) { v.setPsi(d); }},
-        {"Theta", [](const View& v) { return v.theta(); }, [](View& v, double d) { v.setTheta(d); }},
-        {"Alpha", [](const View& v) { return v.alpha(); }, [](View& v, double d) { v.setAlpha(d); }},
-        {"Width", [](const View& v) { return v.width(); }, [](View& v, double d) { v.setWidth(d); }},
-    };
-    return fields;
-}
-
-std::vector<double> Values(const View& view)
-{
-    std::vector<double> values;
-    for (const Field_s& field : Fields())
-        values.push_back(field.get(view));
+    Values values;
+    for (const auto& field : Fields)
+        values.push_back((view.*field.first)());
     return values;
 }
 
 } // namespace
 
-TEST(ViewValueTest, ConstructorsKeepTheFieldOrderAndEachSetterChangesOnlyItsField)
+TEST(ViewValueTest, FieldsKeepTheConstructorsOrderChangeOneByOneAndCompareExactly)
 {
-    EXPECT_EQ(std::vector<double>(7, 0.0), Values(View()));
+    EXPECT_EQ(Values(7, 0.0), Of(View()));
+    EXPECT_TRUE(View() == View(-0.0, -0.0, -0.0, -0.0, -0.0, -0.0, -0.0));
     const View view(1, 2, 3, 4, 5, 6, 7);
-    EXPECT_EQ((std::vector<double>{1, 2, 3, 4, 5, 6, 7}), Values(view));
-
-    for (std::size_t i = 0; i < Fields().size(); ++i)
+    EXPECT_TRUE(view == View(1, 2, 3, 4, 5, 6, 7));
+    for (std::size_t i = 0; i < Fields.size(); ++i)
     {
-        View changed = view;
-        Fields()[i].set(changed, -100.5);
-        std::vector<double> expected{1, 2, 3, 4, 5, 6, 7};
+        View changed = view, nearlyEqual = view, withNaN = view;
+        (changed.*Fields[i].second)(-100.5);
+        (nearlyEqual.*Fields[i].second)(std::nextafter(i + 1.0, 100.0));
+        (withNaN.*Fields[i].second)(std::numeric_limits<double>::quiet_NaN());
+        Values expected{1, 2, 3, 4, 5, 6, 7};
         expected[i] = -100.5;
-        EXPECT_EQ(expected, Values(changed)) << Fields()[i].name;
-        EXPECT_FALSE(changed == view) << Fields()[i].name;
+        EXPECT_EQ(expected, Of(changed)) << "field " << i;
+        EXPECT_FALSE(view == nearlyEqual || withNaN == withNaN) << "field " << i;
     }
 }
 
-TEST(ViewValueTest, SwapOverwritesEveryFieldAndLeavesItsArgumentAlone)
+TEST(ViewValueTest, SwapAndDivisionTakeEveryFieldAndTheDisplayStringShowsEachWithTwoDecimals)
 {
     View target(1, 2, 3, 4, 5, 6, 7);
     const View source(-1, -2, -3, -4, -5, -6, -7);
     target.swap(source);
-    EXPECT_EQ((std::vector<double>{-1, -2, -3, -4, -5, -6, -7}), Values(target));
-    EXPECT_EQ((std::vector<double>{-1, -2, -3, -4, -5, -6, -7}), Values(source));
-}
-
-TEST(ViewValueTest, DivisionDividesEveryField)
-{
-    const View quotient = View(2, 4, 6, 8, 10, 12, 14) / 4.0;
-    EXPECT_EQ((std::vector<double>{0.5, 1, 1.5, 2, 2.5, 3, 3.5}), Values(quotient));
-}
-
-TEST(ViewValueTest, EqualityIsExactOnEveryField)
-{
-    const View view(1, 2, 3, 4, 5, 6, 7);
-    EXPECT_TRUE(view == View(1, 2, 3, 4, 5, 6, 7));
-    EXPECT_TRUE(View() == View(-0.0, -0.0, -0.0, -0.0, -0.0, -0.0, -0.0));
-    const double nan = std::numeric_limits<double>::quiet_NaN();
-    for (std::size_t i = 0; i < Fields().size(); ++i)
-    {
-        View nearlyEqual = view;
-        Fields()[i].set(nearlyEqual, std::nextafter(Fields()[i].get(view), 100.0));
-        EXPECT_FALSE(view == nearlyEqual) << Fields()[i].name;
-        View withNaN = view;
-        Fields()[i].set(withNaN, nan);
-        EXPECT_FALSE(withNaN == withNaN) << Fields()[i].name;
-    }
-}
-
-TEST(ViewValueTest, DisplayStringShowsEveryFieldWithTwoDecimals)
-{
+    EXPECT_EQ((Values{-1, -2, -3, -4, -5, -6, -7}), Of(target));
+    EXPECT_EQ((Values{-1, -2, -3, -4, -5, -6, -7}), Of(source));
+    EXPECT_EQ((Values{0.5, 1, 1.5, 2, 2.5, 3, 3.5}), Of(View(2, 4, 6, 8, 10, 12, 14) / 4.0));
     EXPECT_EQ("X=1.00 Y=-2.50 Z=3.00 Psi=10.00 Theta=20.00 Alpha=0.00 Width=1.25",
               View(1, -2.5, 3, 10, 20, 0, 1.25).displayString());
-    EXPECT_EQ("X=0.00 Y=0.00 Z=0.00 Psi=0.00 Theta=0.00 Alpha=0.00 Width=0.00", View().displayString());
     EXPECT_EQ("X=1234567.89 Y=0.01 Z=-3.46 Psi=179.99 Theta=-180.00 Alpha=0.50 Width=100.00",
               View(1234567.891, 0.005001, -3.456, 179.994, -179.999, 0.5, 99.999).displayString());
 }
 
 TEST(ClampAngleTo180Test, BringsAnglesIntoHalfATurnEitherWay)
 {
-    const struct
-    {
-        double angle;
-        double expected;
-    } cases[] = {
-        {190, -170},
-        {-190, 170},
-        {540, 180},
-        {-540, -180},
-        {720, 0},
-        {180, 180},
-        {-180, -180},
-        {0, 0},
-        {359.5, -0.5},
-        {-359.5, 0.5},
-        {1080000090, 90},
-        {-1080000090, -90},
-        {179.75, 179.75},
+    const double infinity = std::numeric_limits<double>::infinity();
+    // clang-format off
+    for (const auto& [given, expected] : std::vector<std::pair<double, double>>{
+        {190, -170}, {-190, 170}, {540, 180}, {-540, -180}, {720, 0}, {180, 180}, {-180, -180}, {0, 0},
+        {359.5, -0.5}, {-359.5, 0.5}, {1080000090, 90}, {-1080000090, -90}, {179.75, 179.75},
         {-179.75, -179.75},
         // So large that subtracting a turn leaves it as it is: 1e20 is 280 past a whole number of turns.
-        {1e20, -80},
-        {-1e20, 80},
-    };
-    for (const auto& c : cases)
+        {1e20, -80}, {-1e20, 80},
+        // An angle that has no direction comes back as it was, and the call returns.
+        {infinity, infinity}, {-infinity, -infinity}})
+    // clang-format on
     {
-        double angle = c.angle;
+        double angle = given;
         ClampAngleTo180(angle);
-        EXPECT_EQ(c.expected, angle) << "angle " << c.angle;
+        EXPECT_EQ(expected, angle) << "angle " << given;
     }
-
-    // Angles that have no direction come back as they were, and the call returns.
-    double infinite = std::numeric_limits<double>::infinity();
-    ClampAngleTo180(infinite);
-    EXPECT_EQ(std::numeric_limits<double>::infinity(), infinite);
     double nan = std::numeric_limits<double>::quiet_NaN();
     ClampAngleTo180(nan);
     EXPECT_TRUE(std::isnan(nan));
 }
 
-TEST_F(ViewTest, GetCurrentViewReadsTheHostsViewInDegrees)
+TEST_F(ViewTest, TheHostsViewIsReadInDegreesFromA3DCartesianFrameOnly)
 {
-    SetHostView(View(1.5, -2, 30, 30, -60, 150, 7));
+    testhelpers::SetHostView(View(1.5, -2, 30, 30, -60, 150, 7));
     const View view = GetCurrentView();
-    EXPECT_DOUBLE_EQ(1.5, view.x());
-    EXPECT_DOUBLE_EQ(-2, view.y());
-    EXPECT_DOUBLE_EQ(30, view.z());
-    EXPECT_NEAR(30, view.psi(), 1e-12);
-    EXPECT_NEAR(-60, view.theta(), 1e-12);
-    EXPECT_NEAR(150, view.alpha(), 1e-12);
-    EXPECT_DOUBLE_EQ(7, view.width());
-
+    const Values expected{1.5, -2, 30, 30, -60, 150, 7};
+    for (std::size_t i = 0; i < expected.size(); ++i)
+        EXPECT_NEAR(expected[i], Of(view)[i], 1e-12) << "field " << i;
     View stored;
     stored.storeCurrentView();
     EXPECT_TRUE(stored == view);
-}
 
-TEST_F(ViewTest, OnlyA3DCartesianFrameHasAView)
-{
     for (const PlotType_e plotType :
          {PlotType_Cartesian2D, PlotType_XYLine, PlotType_Sketch, PlotType_PolarLine})
     {
         vantix::host::setPlotType(plotType);
-        try
-        {
-            GetCurrentView();
-            ADD_FAILURE() << "no error for plot type " << plotType;
-        }
-        catch (const KeyFrameError& error)
-        {
-            EXPECT_STREQ("The current frame must be in 3D Cartesian mode.", error.what());
-        }
-        View stored(1, 2, 3, 4, 5, 6, 7);
+        EXPECT_THROW_MSG(GetCurrentView(), KeyFrameError, "The current frame must be in 3D Cartesian mode.")
+            << plotType;
         EXPECT_THROW(stored.storeCurrentView(), KeyFrameError);
-        EXPECT_TRUE(stored == View(1, 2, 3, 4, 5, 6, 7)) << stored.displayString();
+        EXPECT_TRUE(stored == view) << stored.displayString();
     }
 }
 
-TEST_F(ViewTest, ApplyMakesTheViewTheHostsViewWithoutOrbiting)
+TEST_F(ViewTest, ApplyMakesTheViewTheHostsViewKeepingItsProjection)
 {
-    SetHostView(View(10, 10, 10, 0, 0, 0, 1));
-    const View view(1.25, -2, 3, 30, -60, 150, 7);
-    view.apply();
-    EXPECT_TRUE(HostView() == view) << HostView().displayString();
-    EXPECT_FALSE(vantix::host::view().perspective);
-}
-
-TEST_F(ViewTest, ApplyToAFrameInPerspectiveWritesTheWidthWhileOrthographic)
-{
-    SetHostView(View(0, 0, 40, 0, 0, 0, 10), true);
-    const View view(1, 2, 30, 20, 10, 5, 15);
-    view.apply();
-    EXPECT_TRUE(vantix::host::view().perspective);
     // Writing the width in perspective would have moved the viewer along the view axis.
-    EXPECT_TRUE(HostView() == view) << HostView().displayString();
+    for (const bool perspective : {false, true})
+    {
+        testhelpers::SetHostView(View(0, 0, 40, 0, 0, 0, 10), perspective);
+        const View view(1.25, -2, 3, 30, -60, 150, 7);
+        view.apply();
+        EXPECT_TRUE(HostView() == view) << HostView().displayString();
+        EXPECT_EQ(perspective, vantix::host::view().perspective);
+    }
 }
 
 TEST_F(ViewTest, ApplyChangesTheViewAsOnePieceUnderTheLockWithDrawingSuspended)

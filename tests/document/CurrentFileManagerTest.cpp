@@ -5,43 +5,13 @@
 #include <support/AddOnTest.h>
 #include <support/TempFolder.h>
 
-#include <VtxUtil.h>
-#include <vantix/host/Gui.h>
-#include <vantix/host/Host.h>
-
-#include <string>
-#include <vector>
+#include <array>
 
 using namespace vantix::vtxutiltools;
-using ::testing::ElementsAre;
-using ::testing::ElementsAreArray;
+using Texts = std::vector<std::string>;
 
 namespace
 {
-
-std::string ExtensionQuestion(const std::string& name)
-{
-    return "You have specified an extension other than the default file extension\n"
-           "Are you sure you want to save the file as " +
-           name + "\nClick \"No\" to restore the default file extension.";
-}
-
-std::string OverwriteQuestion(const std::string& name)
-{
-    return "The file: " + name + " exists.\nAre you sure you want to overwrite it?";
-}
-
-std::vector<std::string> Questions()
-{
-    std::vector<std::string> questions;
-    for (const vantix::host::UserMessage& message : vantix::host::userMessages())
-        if (message.kind == vantix::host::UserMessage::Kind::MessageBox)
-        {
-            EXPECT_EQ(MessageBoxType_YesNo, message.boxType);
-            questions.push_back(message.text);
-        }
-    return questions;
-}
 
 class CurrentFileManagerTest : public testsupport::AddOnTest
 {
@@ -54,25 +24,20 @@ protected:
 
 } // namespace
 
-TEST_F(CurrentFileManagerTest, StartsWithTheDefaultNameGivenItsExtensionAndNothingSelected)
+TEST_F(CurrentFileManagerTest, TheExtensionFollowsTheLastDotOfTheWholeNameAndANameWithoutOneGetsTheDefault)
 {
     EXPECT_EQ("animation.keyframe", m_manager.fileName());
     EXPECT_EQ("keyframe", m_manager.extension());
     EXPECT_FALSE(m_manager.fileHasBeenSelected());
-    // The last dot of the whole name starts the extension, even one in a directory name.
-    for (const auto& [given, expected] :
-         std::vector<std::pair<std::string, std::string>>{{"run1", "run1.keyframe"},
-                                                          {"run1.", "run1.keyframe"},
-                                                          {"run1.txt", "run1.keyframe"},
-                                                          {"a.b/run", "a.keyframe"}})
-        EXPECT_EQ(expected, CurrentFileManager(given, "keyframe", "").fileName()) << given;
-}
-
-TEST_F(CurrentFileManagerTest, FileNameExtensionIsWhatFollowsTheLastDot)
-{
-    for (const auto& [name, extension] : std::vector<std::pair<std::string, std::string>>{
-             {"animation", ""}, {"animation.", ""}, {"a.b/run", "b/run"}, {"x.tar.gz", "gz"}, {".kf", "kf"}})
+    // clang-format off
+    for (const auto& [name, extension, given] : std::vector<std::array<std::string, 3>>{
+        {"run1", "", "run1.keyframe"}, {"run1.", "", "run1.keyframe"}, {"x.tar.gz", "gz", "x.tar.keyframe"},
+        {"run1.txt", "txt", "run1.keyframe"}, {"a.b/run", "b/run", "a.keyframe"}, {".kf", "kf", ".keyframe"}})
+    // clang-format on
+    {
         EXPECT_EQ(extension, getFileNameExtension(name)) << name;
+        EXPECT_EQ(given, CurrentFileManager(name, "keyframe", "").fileName()) << name;
+    }
 }
 
 TEST_F(CurrentFileManagerTest, SetFileNameKeepsANameWithAnExtensionAndMakesItTheDefault)
@@ -91,78 +56,61 @@ TEST_F(CurrentFileManagerTest, SetFileNameKeepsANameWithAnExtensionAndMakesItThe
     m_manager.setExtension("kf");
     EXPECT_FALSE(m_manager.promptForFile(SelectFileOption_ReadSingleFile)); // no one chooses: cancel
     const vantix::host::UserMessage dialog = vantix::host::userMessages().at(0);
-    EXPECT_EQ(SelectFileOption_ReadSingleFile, dialog.fileOption);
-    EXPECT_EQ("Key Frame Animation", dialog.fileTypeName);
-    EXPECT_EQ("run3.kf", dialog.defaultFileName);
-    EXPECT_EQ("*.kf", dialog.filter);
+    EXPECT_EQ(std::make_tuple(SelectFileOption_ReadSingleFile, "Key Frame Animation", "run3.kf", "*.kf"),
+              std::make_tuple(dialog.fileOption, dialog.fileTypeName, dialog.defaultFileName, dialog.filter));
 }
 
 TEST_F(CurrentFileManagerTest, PromptGivesTheDefaultExtensionAndAsksAboutOthersAndOverwriting)
 {
     testsupport::WriteFile(path("old.keyframe"), "#!KeyFrame 1\n");
     testsupport::WriteFile(path("old.txt"), "text\n");
-    const struct
+    const auto extension = [&](const std::string& name)
     {
-        SelectFileOption_e option;
-        std::string chosen; // empty: the user cancels
-        std::vector<bool> answers;
-        bool result;
-        std::string fileName;
-        std::vector<std::string> questions;
-    } cases[] = {
-        {SelectFileOption_WriteFile, "", {}, false, "", {}}, // cancelled
-        {SelectFileOption_WriteFile, "run1", {}, true, "run1.keyframe", {}},
-        {SelectFileOption_WriteFile, "run1.", {}, true, "run1.keyframe", {}},
-        {SelectFileOption_WriteFile,
-         "run1.KEYFRAME",
-         {false},
-         true,
-         "run1.keyframe",
-         {ExtensionQuestion(path("run1.KEYFRAME"))}},
-        {SelectFileOption_WriteFile,
-         "run1.txt",
-         {true},
-         true,
-         "run1.txt",
-         {ExtensionQuestion(path("run1.txt"))}},
-        {SelectFileOption_WriteFile, "old", {false}, false, "", {OverwriteQuestion(path("old.keyframe"))}},
-        {SelectFileOption_WriteFile,
-         "old.keyframe",
-         {true},
-         true,
-         "old.keyframe",
-         {OverwriteQuestion(path("old.keyframe"))}},
-        {SelectFileOption_WriteFile,
-         "old.txt",
-         {false, false},
-         false,
-         "",
-         {ExtensionQuestion(path("old.txt")), OverwriteQuestion(path("old.keyframe"))}},
-        {SelectFileOption_ReadSingleFile, "old.keyframe", {}, true, "old.keyframe", {}},
-        {SelectFileOption_ReadSingleFile,
-         "old.txt",
-         {true},
-         true,
-         "old.txt",
-         {ExtensionQuestion(path("old.txt"))}},
+        return "You have specified an extension other than the default file extension\n"
+               "Are you sure you want to save the file as " +
+               path(name) + "\nClick \"No\" to restore the default file extension.";
     };
-    for (const auto& c : cases)
+    const auto overwrite = [&](const std::string& name)
+    { return "The file: " + path(name) + " exists.\nAre you sure you want to overwrite it?"; };
+    const SelectFileOption_e write = SelectFileOption_WriteFile, read = SelectFileOption_ReadSingleFile;
+    // chosen: "" when the user cancels; fileName: "" when nothing is chosen and the current file stays.
+    // clang-format off
+    for (const auto& [option, chosen, answers, fileName, questions] :
+         std::vector<std::tuple<SelectFileOption_e, std::string, std::vector<bool>, std::string, Texts>>{
+             {write, "", {}, "", {}},
+             {write, "run1", {}, "run1.keyframe", {}},
+             {write, "run1.", {}, "run1.keyframe", {}},
+             {write, "run1.KEYFRAME", {false}, "run1.keyframe", {extension("run1.KEYFRAME")}},
+             {write, "run1.txt", {true}, "run1.txt", {extension("run1.txt")}},
+             {write, "old", {false}, "", {overwrite("old.keyframe")}},
+             {write, "old.keyframe", {true}, "old.keyframe", {overwrite("old.keyframe")}},
+             {write, "old.txt", {false, false}, "", {extension("old.txt"), overwrite("old.keyframe")}},
+             // Unanswered, a question is answered No.
+             {write, "old.keyframe", {}, "", {overwrite("old.keyframe")}},
+             {read, "old.keyframe", {}, "old.keyframe", {}},
+             {read, "old.txt", {true}, "old.txt", {extension("old.txt")}}})
+    // clang-format on
     {
+        SCOPED_TRACE(chosen);
         vantix::host::clearUserMessages();
         CurrentFileManager manager("animation", "keyframe", "Key Frame Animation");
-        if (c.chosen.empty())
+        if (chosen.empty())
             vantix::host::scriptFileCancel();
         else
-            vantix::host::scriptFileName(path(c.chosen));
-        for (const bool answer : c.answers)
+            vantix::host::scriptFileName(path(chosen));
+        for (const bool answer : answers)
             vantix::host::scriptAnswer(answer);
 
-        EXPECT_EQ(c.result, manager.promptForFile(c.option)) << c.chosen;
-
-        EXPECT_EQ(c.result ? path(c.fileName) : "animation.keyframe", manager.fileName()) << c.chosen;
-        EXPECT_EQ(c.result, manager.fileHasBeenSelected()) << c.chosen;
-        EXPECT_THAT(Questions(), ElementsAreArray(c.questions)) << c.chosen;
-        EXPECT_EQ(0u, vantix::host::pendingScriptedAnswers()) << c.chosen;
+        EXPECT_EQ(!fileName.empty(), manager.promptForFile(option));
+        EXPECT_EQ(fileName.empty() ? "animation.keyframe" : path(fileName), manager.fileName());
+        EXPECT_EQ(!fileName.empty(), manager.fileHasBeenSelected());
+        Texts asked;
+        for (const vantix::host::UserMessage& message : vantix::host::userMessages())
+            if (message.kind == vantix::host::UserMessage::Kind::MessageBox &&
+                message.boxType == MessageBoxType_YesNo)
+                asked.push_back(message.text);
+        EXPECT_EQ(questions, asked);
+        EXPECT_EQ(0u, vantix::host::pendingScriptedAnswers());
     }
 }
 
@@ -174,22 +122,8 @@ TEST_F(CurrentFileManagerTest, HoldsTheHostLockThroughThePromptAndTakesItAgainFo
     vantix::host::scriptAnswer(true);
     vantix::host::setTracing(true);
     EXPECT_TRUE(m_manager.promptForFile(SelectFileOption_WriteFile));
-    EXPECT_THAT(vantix::host::trace(),
-                ElementsAre("VtxUtilLockStart", "VtxUtilDialogGetFileName", "VtxUtilStringDealloc",
-                            "VtxUtilLockStart", "VtxUtilDialogMessageBox", "VtxUtilLockFinish",
-                            "VtxUtilLockStart", "VtxUtilDialogMessageBox", "VtxUtilLockFinish",
-                            "VtxUtilLockFinish"));
-}
-
-TEST_F(CurrentFileManagerTest, OverwriteIsAskedOnlyForAFileThatExists)
-{
-    testsupport::WriteFile(path("old.keyframe"), "");
-    EXPECT_TRUE(fileExists(path("old.keyframe")));
-    EXPECT_FALSE(fileExists(path("new.keyframe")));
-    EXPECT_TRUE(promptForFileOverwrite(path("new.keyframe")));
-    vantix::host::scriptAnswer(true);
-    EXPECT_TRUE(promptForFileOverwrite(path("old.keyframe")));
-    EXPECT_FALSE(promptForFileOverwrite(path("old.keyframe"))); // no one answers: No
-    EXPECT_THAT(Questions(), ElementsAre(OverwriteQuestion(path("old.keyframe")),
-                                         OverwriteQuestion(path("old.keyframe"))));
+    EXPECT_EQ((Texts{"VtxUtilLockStart", "VtxUtilDialogGetFileName", "VtxUtilStringDealloc",
+                     "VtxUtilLockStart", "VtxUtilDialogMessageBox", "VtxUtilLockFinish", "VtxUtilLockStart",
+                     "VtxUtilDialogMessageBox", "VtxUtilLockFinish", "VtxUtilLockFinish"}),
+              vantix::host::trace());
 }

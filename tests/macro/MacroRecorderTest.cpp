@@ -3,69 +3,34 @@
 // Animate command that a completed animation records.
 #include "animation/Animate.h"
 #include "animation/KeyFrameTestHelpers.h"
-#include "core/Settings.h"
 #include "macro/MacroManager.h"
 
 #include <support/AddOnTest.h>
 #include <support/TempFolder.h>
+#include <support/ThrownMessage.h>
 
-#include <VtxUtil.h>
 #include <vantix/host/Export.h>
-#include <vantix/host/Host.h>
-#include <vantix/host/Scene.h>
-
-#include <filesystem>
-#include <optional>
-#include <stdexcept>
-#include <string>
-#include <vector>
 
 using namespace vantix::vtxutiltools;
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
+using Lines = std::vector<std::string>;
 
 namespace
 {
 
 const std::string AddOnCommand = "$!ADDONCOMMAND ADDONID = 'Key Frame Animation' COMMAND = ";
 
-enum class Journal
-{
-    None,    // the active frame has no data set
-    Valid,   // a data set whose journal takes commands
-    GivenUp, // a data set whose journal the host gave up on
-};
-
 class MacroRecorderTest : public testsupport::AddOnTest
 {
 protected:
-    static void LoadDataSet()
+    // A data set of one triangle, whose journal takes commands or was given up on.
+    static void LoadDataSet(bool journalValid = true)
     {
         vantix::host::SurfaceZoneData triangle;
         triangle.name = "triangle";
         triangle.nodes = {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}};
         triangle.triangles = {{0, 1, 2}};
         vantix::host::loadDataSet("one triangle", {triangle});
-    }
-
-    static void SetJournal(Journal journal)
-    {
-        if (journal == Journal::None)
-            return;
-        LoadDataSet();
-        vantix::host::setJournalValid(journal == Journal::Valid);
-    }
-
-    static std::vector<std::string> JournalTexts()
-    {
-        std::vector<std::string> texts;
-        for (const vantix::host::JournalCommand& command : vantix::host::journalCommands())
-        {
-            EXPECT_EQ("Key Frame Animation", command.addOnID);
-            EXPECT_EQ(std::nullopt, command.rawData);
-            texts.push_back(command.instructions);
-        }
-        return texts;
+        vantix::host::setJournalValid(journalValid);
     }
 
     static long Calls(const char* function) { return vantix::host::callCount(function); }
@@ -78,33 +43,42 @@ protected:
 TEST_F(MacroRecorderTest, RecordsIntoTheMacroWhileRecordingAndIntoTheJournalOnlyWhenAskedAndValid)
 {
     const std::string text = "OpenSettingsFile FileName=\"/data/my runs/a.keyframe\"";
-    const MacroParameterList parameters = {{FileName, "/data/my runs/a.keyframe"}};
     for (const bool recording : {false, true})
         for (const bool alsoJournal : {false, true})
-            for (const Journal journal : {Journal::None, Journal::Valid, Journal::GivenUp})
+            for (const int dataSet : {0, 1, 2}) // none, with a valid journal, with a journal given up on
             {
-                const std::string which = std::string(recording ? "recording" : "not recording") +
-                                          (alsoJournal ? ", also the journal, " : ", not the journal, ") +
-                                          std::to_string(static_cast<int>(journal));
+                SCOPED_TRACE(::testing::Message() << recording << alsoJournal << dataSet);
                 vantix::host::reset();
                 vantix::host::addFrame();
-                SetJournal(journal);
+                if (dataSet != 0)
+                    LoadDataSet(dataSet == 1);
                 vantix::host::setMacroRecording(recording);
 
-                m_manager.recordMacroCommand(Command_e::OpenSettingsFile, parameters, alsoJournal);
+                m_manager.recordMacroCommand(Command_e::OpenSettingsFile,
+                                             {{FileName, "/data/my runs/a.keyframe"}}, alsoJournal);
 
-                const bool journalled = alsoJournal && journal == Journal::Valid;
-                EXPECT_EQ(recording ? std::vector<std::string>{AddOnCommand + "'" + text + "'"}
-                                    : std::vector<std::string>{},
-                          vantix::host::recordedMacroLines())
-                    << which;
-                EXPECT_EQ(journalled ? std::vector<std::string>{text} : std::vector<std::string>{},
-                          JournalTexts())
-                    << which;
-                EXPECT_EQ(1, Calls("VtxUtilMacroIsRecordingActive")) << which;
-                EXPECT_EQ(alsoJournal ? 1 : 0, Calls("VtxUtilDataSetJournalIsValid")) << which;
-                EXPECT_EQ(recording ? 1 : 0, Calls("VtxUtilMacroRecordExtCommand")) << which;
-                EXPECT_EQ(journalled ? 1 : 0, Calls("VtxUtilDataSetAddJournalCommand")) << which;
+                const bool journalled = alsoJournal && dataSet == 1;
+                EXPECT_EQ(recording ? Lines{AddOnCommand + "'" + text + "'"} : Lines{},
+                          vantix::host::recordedMacroLines());
+                Lines journal;
+                for (const vantix::host::JournalCommand& command : vantix::host::journalCommands())
+                    journal.push_back(command.addOnID + ": " + command.instructions +
+                                      (command.rawData ? " +" : ""));
+                EXPECT_EQ(journalled ? Lines{"Key Frame Animation: " + text} : Lines{}, journal);
+                EXPECT_EQ((std::vector<long>{1, alsoJournal, recording, journalled}),
+                          (std::vector<long>{Calls("VtxUtilMacroIsRecordingActive"),
+                                             Calls("VtxUtilDataSetJournalIsValid"),
+                                             Calls("VtxUtilMacroRecordExtCommand"),
+                                             Calls("VtxUtilDataSetAddJournalCommand")}));
+
+                // A command without a text cannot be built: building it is out of range, so a failure shows
+                // that the text was built. Nothing is half-recorded, and the lock is released on the way out.
+                EXPECT_THROW_MSG(m_manager.recordMacroCommand(static_cast<Command_e>(7), {}, alsoJournal),
+                                 std::out_of_range,
+                                 recording || journalled ? "Enumeration out of range." : "");
+                EXPECT_EQ(recording ? 1u : 0u, vantix::host::recordedMacroLines().size());
+                EXPECT_EQ(journalled ? 1u : 0u, vantix::host::journalCommands().size());
+                EXPECT_EQ(0, vantix::host::lockDepth(AddOnID));
             }
 }
 
@@ -114,125 +88,62 @@ TEST_F(MacroRecorderTest, HoldsTheHostLockAroundEverythingItAsksAndRecords)
     vantix::host::setMacroRecording(true);
     vantix::host::setTracing(true);
     m_manager.recordMacroCommand(Command_e::Animate, {{AnimationDestination, "OnScreen"}}, true);
-    EXPECT_THAT(vantix::host::trace(),
-                ElementsAre("VtxUtilLockStart", "VtxUtilMacroIsRecordingActive",
-                            "VtxUtilDataSetJournalIsValid", "VtxUtilMacroRecordExtCommand",
-                            "VtxUtilDataSetAddJournalCommand", "VtxUtilLockFinish"));
+    EXPECT_EQ((Lines{"VtxUtilLockStart", "VtxUtilMacroIsRecordingActive", "VtxUtilDataSetJournalIsValid",
+                     "VtxUtilMacroRecordExtCommand", "VtxUtilDataSetAddJournalCommand", "VtxUtilLockFinish"}),
+              vantix::host::trace());
 }
 
-TEST_F(MacroRecorderTest, BuildsTheTextOnlyWhenItGoesSomewhere)
-{
-    // A command without a text cannot be built: building it is out of range, so the failure shows
-    // whether the text was built.
-    const auto unknown = static_cast<Command_e>(7);
-    const struct
-    {
-        bool recording;
-        bool alsoJournal;
-        Journal journal;
-        bool built;
-    } cases[] = {
-        {false, false, Journal::Valid, false},  {false, true, Journal::None, false},
-        {false, true, Journal::GivenUp, false}, {true, false, Journal::None, true},
-        {false, true, Journal::Valid, true},    {true, true, Journal::Valid, true},
-    };
-    for (const auto& c : cases)
-    {
-        vantix::host::reset();
-        vantix::host::addFrame();
-        SetJournal(c.journal);
-        vantix::host::setMacroRecording(c.recording);
-        if (c.built)
-        {
-            EXPECT_THROW(m_manager.recordMacroCommand(unknown, {}, c.alsoJournal), std::out_of_range);
-        }
-        else
-        {
-            EXPECT_NO_THROW(m_manager.recordMacroCommand(unknown, {}, c.alsoJournal));
-        }
-        // Nothing half-recorded, and the lock released on the way out.
-        EXPECT_THAT(vantix::host::recordedMacroLines(), IsEmpty());
-        EXPECT_THAT(vantix::host::journalCommands(), IsEmpty());
-        EXPECT_EQ(0, vantix::host::lockDepth(AddOnID));
-    }
-}
-
-TEST_F(MacroRecorderTest, TheManagerRecordsIntoTheMacroAloneUnderItsOwnLock)
+TEST_F(MacroRecorderTest, TheManagerRecordsIntoTheMacroAloneUnderItsOwnLockWhileTheHostRecords)
 {
     LoadDataSet();
+    MacroManager::instance().recordCommand(Command_e::Animate, {{AnimationDestination, "ToFile"}});
+    EXPECT_EQ(0, Calls("VtxUtilMacroRecordExtCommand"));
+
     vantix::host::setMacroRecording(true);
     vantix::host::setTracing(true);
     MacroManager::instance().recordCommand(Command_e::Animate, {{AnimationDestination, "ToFile"}});
-    EXPECT_THAT(vantix::host::recordedMacroLines(),
-                ElementsAre(AddOnCommand + "'Animate AnimationDestination=ToFile'"));
     // The journal is valid but never asked.
-    EXPECT_THAT(vantix::host::journalCommands(), IsEmpty());
-    EXPECT_THAT(vantix::host::trace(),
-                ElementsAre("VtxUtilLockStart", "VtxUtilLockStart", "VtxUtilMacroIsRecordingActive",
-                            "VtxUtilMacroRecordExtCommand", "VtxUtilLockFinish", "VtxUtilLockFinish"));
+    EXPECT_EQ((Lines{"VtxUtilLockStart", "VtxUtilLockStart", "VtxUtilMacroIsRecordingActive",
+                     "VtxUtilMacroRecordExtCommand", "VtxUtilLockFinish", "VtxUtilLockFinish"}),
+              vantix::host::trace());
+    EXPECT_EQ(0, Calls("VtxUtilDataSetJournalIsValid"));
+    EXPECT_TRUE(vantix::host::journalCommands().empty());
 
     // Whatever the value holds comes back from the host's line unchanged.
     MacroManager::instance().recordCommand(Command_e::OpenSettingsFile, {{FileName, "/tmp/it's a \\ file"}});
-    EXPECT_EQ(AddOnCommand + "'OpenSettingsFile FileName=\"/tmp/it\\'s a \\\\ file\"'",
-              vantix::host::recordedMacroLines().back());
+    EXPECT_EQ((Lines{AddOnCommand + "'Animate AnimationDestination=ToFile'",
+                     AddOnCommand + "'OpenSettingsFile FileName=\"/tmp/it\\'s a \\\\ file\"'"}),
+              vantix::host::recordedMacroLines());
 }
 
-TEST_F(MacroRecorderTest, TheManagerRecordsNothingWhileTheHostDoesNotRecord)
+TEST_F(MacroRecorderTest, ACompletedAnimationIsRecordedAsTheAnimateCommandWithItsDestination)
 {
-    LoadDataSet();
-    MacroManager::instance().recordCommand(Command_e::Animate, {{AnimationDestination, "ToFile"}});
-    MacroManager::instance().recordCommand(Command_e::OpenSettingsFile, {{FileName, "a"}});
-    EXPECT_THAT(vantix::host::recordedMacroLines(), IsEmpty());
-    EXPECT_THAT(vantix::host::journalCommands(), IsEmpty());
-    EXPECT_EQ(0, Calls("VtxUtilMacroRecordExtCommand"));
-    EXPECT_EQ(0, Calls("VtxUtilDataSetJournalIsValid"));
-}
-
-TEST_F(MacroRecorderTest, ACompletedAnimationOnScreenIsRecordedAsTheAnimateCommand)
-{
-    using testhelpers::MakeKeyFrames;
     using testhelpers::ViewAtX;
     const std::vector<KeyFrame_s> keyFrames =
-        MakeKeyFrames({{ViewAtX(0), 4}, {ViewAtX(40), 2}, {ViewAtX(60), 1}});
-    Settings_s settings;
-    settings.destination = OnScreen;
-    const struct
+        testhelpers::MakeKeyFrames({{ViewAtX(0), 4}, {ViewAtX(40), 2}, {ViewAtX(60), 1}});
+    const testsupport::TempFolder folder("vantix-recorder");
+    const std::string movie = (folder.path() / "movie.rm").string();
+    const std::string animate = AddOnCommand + "'Animate AnimationDestination=";
+    for (const auto& [recording, option, destination, lines] :
+         std::vector<std::tuple<bool, MacroOption_e, Destination_e, Lines>>{
+             {true, RecordMacro, OnScreen, {animate + "OnScreen'"}},
+             {false, RecordMacro, OnScreen, {}},
+             {true, DoNotRecordMacro, OnScreen, {}},
+             {true, RecordMacro, ToFile, {animate + "ToFile'"}}})
     {
-        bool recording;
-        MacroOption_e option;
-        std::vector<std::string> lines;
-    } cases[] = {
-        {true, RecordMacro, {AddOnCommand + "'Animate AnimationDestination=OnScreen'"}},
-        {false, RecordMacro, {}},
-        {true, DoNotRecordMacro, {}},
-    };
-    for (const auto& c : cases)
-    {
+        SCOPED_TRACE(::testing::Message() << recording << option << destination);
         vantix::host::reset();
         vantix::host::addFrame();
-        vantix::host::setMacroRecording(c.recording);
-        Animate(keyFrames, 0, keyFrames.size(), settings, c.option);
-        EXPECT_EQ(7, vantix::host::redrawCount());
-        EXPECT_EQ(c.lines, vantix::host::recordedMacroLines()) << c.recording << ' ' << c.option;
+        vantix::host::setExportSetupFromText("ImageWidth", "32");
+        vantix::host::setExportSetupFromText("ExportFormat", "RASTERMETAFILE");
+        vantix::host::setExportSetupFromText("ExportFName", "\"" + movie + "\"");
+        vantix::host::setMacroRecording(recording);
+        Settings_s settings;
+        settings.destination = destination;
+        Animate(keyFrames, 0, keyFrames.size(), settings, option);
+        // Every frame was drawn, or written into the movie.
+        EXPECT_EQ(7u, destination == OnScreen ? static_cast<std::size_t>(vantix::host::redrawCount())
+                                              : vantix::host::readRasterMetafile(movie).frames.size());
+        EXPECT_EQ(lines, vantix::host::recordedMacroLines());
     }
-}
-
-TEST_F(MacroRecorderTest, ACompletedAnimationToFileIsRecordedWithItsDestination)
-{
-    const testsupport::TempFolder folder("vantix-recorder");
-    const std::filesystem::path movie = folder.path() / "movie.rm";
-    vantix::host::setExportSetupFromText("ImageWidth", "32");
-    vantix::host::setExportSetupFromText("ExportFormat", "RASTERMETAFILE");
-    vantix::host::setExportSetupFromText("ExportFName", "\"" + movie.string() + "\"");
-    vantix::host::setMacroRecording(true);
-    Settings_s settings;
-    settings.destination = ToFile;
-    const std::vector<KeyFrame_s> keyFrames =
-        testhelpers::MakeKeyFrames({{testhelpers::ViewAtX(0), 2}, {testhelpers::ViewAtX(20), 1}});
-
-    Animate(keyFrames, 0, keyFrames.size(), settings, RecordMacro);
-
-    EXPECT_EQ(3u, vantix::host::readRasterMetafile(movie.string()).frames.size());
-    EXPECT_THAT(vantix::host::recordedMacroLines(),
-                ElementsAre(AddOnCommand + "'Animate AnimationDestination=ToFile'"));
 }
