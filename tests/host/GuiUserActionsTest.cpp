@@ -2,25 +2,18 @@
 // callback once, with the value a toolkit would pass; what the user could not do is refused; the options
 // add-ons put into the host's menus.
 #include "support/HostTest.h"
-
-#include <VtxGUI.h>
-#include <VtxUtil.h>
-#include <vantix/host/Gui.h>
-#include <vantix/host/Host.h>
+#include "support/ThrownMessage.h"
 
 #include <functional>
 #include <stdexcept>
-#include <string>
-#include <vector>
 
 namespace
 {
 
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-using ::testing::SizeIs;
-using testsupport::HostTest;
+namespace host = vantix::host;
+using std::to_string;
+using namespace ::testing;
+using testsupport::ThrownMessage;
 
 // What the callbacks saw, each entry written while the callback ran.
 std::vector<std::string> seen;
@@ -28,115 +21,57 @@ std::vector<std::string> seen;
 int theDialog = GuiId_None, theField = GuiId_None, theList = GuiId_None, theMenu = GuiId_None,
     theRadio = GuiId_None, theToggle = GuiId_None, theMenuToggle = GuiId_None;
 
+// The selection, as "1,3".
 std::string Selection(int list)
 {
-    int* positions = nullptr;
-    int count = 0;
-    VtxGUIListGetSelectedItems(list, &positions, &count);
     std::string text;
-    for (int i = 0; i < count; ++i)
-        text += (i ? "," : "") + std::to_string(positions[i]);
-    VtxUtilArrayDealloc(reinterpret_cast<void**>(&positions));
+    for (const int position : host::guiElement(list).selected)
+        text += (text.empty() ? "" : ",") + to_string(position);
     return text;
 }
 
-std::string FieldText(int field)
+// A callback's entry: what it was given and what its control showed meanwhile.
+void Saw(const std::string& what, int given, const std::string& shows)
 {
-    char* text = VtxGUITextFieldGetString(field);
-    const std::string copy = text ? text : "(null)";
-    VtxUtilStringDealloc(&text);
-    return copy;
+    seen.push_back(what + " " + to_string(given) + ", shows " + shows);
 }
-
-void Pressed()
+// What OK, Cancel and Close do: they take the dialog down.
+void Dropped(const char* what)
 {
-    seen.push_back("pressed");
+    seen.push_back(what);
+    VtxGUIDialogDrop(theDialog);
 }
-int Typed(const char* text)
+const auto Pressed = [] { seen.push_back("pressed"); };
+const auto Typed = [](const char* text)
 {
-    seen.push_back(std::string("typed '") + text + "', field shows '" + FieldText(theField) + "'");
-    return std::string(text) != "refused";
-}
+    seen.push_back(std::string("typed '") + text + "', field shows '" + host::guiElement(theField).text +
+                   "'");
+    return int(std::string(text) != "refused");
+};
 // A validator's way: the field is set back to the value it accepts.
-int Corrected(const char* text)
+const auto Corrected = [](const char* text)
 {
     seen.push_back(std::string("corrected '") + text + "'");
     VtxGUITextFieldSetString(theField, "30");
-    return FALSE;
-}
-void SpunUp()
-{
-    seen.push_back("up");
-}
-void SpunDown()
-{
-    seen.push_back("down");
-}
-void ListClicked(const int* position)
-{
-    seen.push_back("list " + std::to_string(*position) + ", selected " + Selection(theList));
-}
-void OptionChosen(const int* position)
-{
-    seen.push_back("option " + std::to_string(*position) + ", shows " +
-                   std::to_string(VtxGUIOptionMenuGet(theMenu)));
-}
-void RadioChosen(const int* position)
-{
-    seen.push_back("radio " + std::to_string(*position) + ", shows " +
-                   std::to_string(VtxGUIRadioBoxGetToggle(theRadio)));
-}
-void ToggleClicked(const int* on)
-{
-    seen.push_back("toggle " + std::to_string(*on) + ", shows " +
-                   std::to_string(int(VtxGUIToggleGet(theToggle))));
-}
-void MenuToggled()
-{
-    seen.push_back(std::string("menu toggle, shows ") +
-                   (vantix::host::guiElement(theMenuToggle).on ? "on" : "off"));
-}
-void MenuChosen()
-{
-    seen.push_back("menu item");
-}
-void Ok()
-{
-    seen.push_back("ok");
-    VtxGUIDialogDrop(theDialog);
-}
-void Apply()
-{
-    seen.push_back("apply");
-}
-void Cancel()
-{
-    seen.push_back("cancel");
-    VtxGUIDialogDrop(theDialog);
-}
-void Close()
-{
-    seen.push_back("close");
-    VtxGUIDialogDrop(theDialog);
-}
-void Help()
-{
-    seen.push_back("help");
-}
-void Throws()
-{
-    throw std::runtime_error("out of the callback");
-}
-void HostOption()
-{
-    seen.push_back("host option");
-}
-void OtherHostOption()
-{
-    seen.push_back("other host option");
-}
+    return int(FALSE);
+};
+const auto SpunUp = [] { seen.push_back("up"); };
+const auto SpunDown = [] { seen.push_back("down"); };
+const auto ListClicked = [](const int* p) { Saw("list", *p, Selection(theList)); };
+const auto OptionChosen = [](const int* p) { Saw("option", *p, to_string(VtxGUIOptionMenuGet(theMenu))); };
+const auto RadioChosen = [](const int* p) { Saw("radio", *p, to_string(VtxGUIRadioBoxGetToggle(theRadio))); };
+const auto ToggleClicked = [](const int* p) { Saw("toggle", *p, to_string(VtxGUIToggleGet(theToggle))); };
+const auto MenuToggled = [] { seen.push_back(host::guiElement(theMenuToggle).on ? "menu on" : "menu off"); };
+const auto MenuChosen = [] { seen.push_back("menu item"); };
+const auto Ok = [] { Dropped("ok"); };
+const auto Apply = [] { seen.push_back("apply"); };
+const auto Cancel = [] { Dropped("cancel"); };
+const auto Close = [] { Dropped("close"); };
+const auto Help = [] { seen.push_back("help"); };
+const auto Throws = [] { throw std::runtime_error("out of the callback"); };
+const auto HostOption = [] { seen.push_back("host option"); };
 
-class GuiUserActionsTest : public HostTest
+class GuiUserActionsTest : public testsupport::HostTest
 {
 protected:
     void SetUp() override
@@ -156,17 +91,10 @@ protected:
                                      nullptr, RadioChosen);
         theToggle = VtxGUIToggleAdd(theDialog, 10, 2100, 500, 100, "&Antialiasing", ToggleClicked);
         m_button = VtxGUIButtonAdd(theDialog, 10, 2300, 500, 100, "&Append     ", Pressed);
-        const int bar = VtxGUIMenuBarAdd(theDialog);
-        m_options = VtxGUIMenuAdd(bar, "&Options");
+        m_options = VtxGUIMenuAdd(VtxGUIMenuBarAdd(theDialog), "&Options");
         theMenuToggle = VtxGUIMenuAddToggle(m_options, "Fade &In", nullptr, MenuToggled);
         m_menuItem = VtxGUIMenuAddItem(m_options, "Time &Animation Options...", nullptr, MenuChosen);
         VtxGUIDialogLaunch(theDialog);
-    }
-
-    void TearDown() override
-    {
-        VtxGUIDialogDrop(theDialog);
-        HostTest::TearDown();
     }
 
     int m_spin = GuiId_None, m_single = GuiId_None, m_button = GuiId_None, m_options = GuiId_None,
@@ -175,150 +103,107 @@ protected:
 
 TEST_F(GuiUserActionsTest, EachActionUpdatesTheControlThenCallsItsCallbackOnce)
 {
-    const struct
-    {
-        const char* what;
-        std::function<void()> act;
-        std::vector<std::string> seen;
-    } cases[] = {
-        {"press", [&] { vantix::host::pressButton(m_button); }, {"pressed"}},
-        {"type",
-         [&] { EXPECT_TRUE(vantix::host::enterText(theField, "View 9")); },
-         {"typed 'View 9', field shows 'View 9'"}},
-        {"spin up", [&] { vantix::host::spinUp(m_spin); }, {"up"}},
-        {"spin down", [&] { vantix::host::spinDown(m_spin); }, {"down"}},
-        {"click an entry", [&] { vantix::host::selectListItem(theList, 3); }, {"list 3, selected 3"}},
-        {"click another", [&] { vantix::host::selectListItem(theList, 1); }, {"list 1, selected 1"}},
-        {"select several",
-         [&] {
-             vantix::host::selectListItems(theList, {4, 2});
+    const std::pair<std::function<void()>, std::vector<std::string>> cases[] = {
+        {[&] { host::pressButton(m_button); }, {"pressed"}},
+        {[&] { EXPECT_TRUE(host::enterText(theField, "View 9")); }, {"typed 'View 9', field shows 'View 9'"}},
+        {[&] { host::spinUp(m_spin); }, {"up"}},
+        {[&] { host::spinDown(m_spin); }, {"down"}},
+        {[&] { host::selectListItem(theList, 3); }, {"list 3, shows 3"}},
+        {[&] { host::selectListItem(theList, 1); }, {"list 1, shows 1"}},
+        {[&] {
+             host::selectListItems(theList, {4, 2});
          },
-         {"list 2, selected 2,4"}},
-        {"select none", [&] { vantix::host::selectListItems(theList, {}); }, {"list 0, selected "}},
-        {"choose an option", [&] { vantix::host::chooseOption(theMenu, 2); }, {"option 2, shows 2"}},
-        {"choose it again", [&] { vantix::host::chooseOption(theMenu, 2); }, {"option 2, shows 2"}},
-        {"choose a radio button",
-         [&] { vantix::host::chooseRadioButton(theRadio, 3); },
-         {"radio 3, shows 3"}},
-        {"click a toggle", [&] { vantix::host::clickToggle(theToggle); }, {"toggle 1, shows 1"}},
-        {"click it again", [&] { vantix::host::clickToggle(theToggle); }, {"toggle 0, shows 0"}},
-        {"choose a menu toggle",
-         [&] { vantix::host::chooseMenuItem(theMenuToggle); },
-         {"menu toggle, shows on"}},
-        {"and again", [&] { vantix::host::chooseMenuItem(theMenuToggle); }, {"menu toggle, shows off"}},
-        {"choose a menu item", [&] { vantix::host::chooseMenuItem(m_menuItem); }, {"menu item"}},
-        {"help", [&] { vantix::host::pressHelp(theDialog); }, {"help"}},
+         {"list 2, shows 2,4"}},
+        {[&] { host::selectListItems(theList, {}); }, {"list 0, shows "}},
+        {[&] { host::chooseOption(theMenu, 2); }, {"option 2, shows 2"}},
+        {[&] { host::chooseOption(theMenu, 2); }, {"option 2, shows 2"}},
+        {[&] { host::chooseRadioButton(theRadio, 3); }, {"radio 3, shows 3"}},
+        {[&] { host::clickToggle(theToggle); }, {"toggle 1, shows 1"}},
+        {[&] { host::clickToggle(theToggle); }, {"toggle 0, shows 0"}},
+        {[&] { host::chooseMenuItem(theMenuToggle); }, {"menu on"}},
+        {[&] { host::chooseMenuItem(theMenuToggle); }, {"menu off"}},
+        {[&] { host::chooseMenuItem(m_menuItem); }, {"menu item"}},
+        {[&] { host::pressHelp(theDialog); }, {"help"}},
     };
-    for (const auto& c : cases)
+    for (const auto& [act, expected] : cases)
     {
-        SCOPED_TRACE(c.what);
         seen.clear();
-        c.act();
-        EXPECT_EQ(c.seen, seen);
+        act();
+        EXPECT_EQ(expected, seen);
     }
-    EXPECT_EQ("View 9", vantix::host::guiElement(theField).text);
-    EXPECT_EQ(2, VtxGUIOptionMenuGet(theMenu));
-    EXPECT_EQ(3, VtxGUIRadioBoxGetToggle(theRadio));
-    EXPECT_FALSE(VtxGUIToggleGet(theToggle));
+    EXPECT_EQ("View 9", host::guiElement(theField).text);
+    EXPECT_EQ(std::make_tuple(2, 3, false),
+              std::make_tuple(VtxGUIOptionMenuGet(theMenu), VtxGUIRadioBoxGetToggle(theRadio),
+                              bool(VtxGUIToggleGet(theToggle))));
 }
 
 TEST_F(GuiUserActionsTest, ATextFieldAnswersWhatItsCallbackAnswersAndShowsWhatTheCallbackLeft)
 {
-    EXPECT_FALSE(vantix::host::enterText(m_spin, "refused"));
-    EXPECT_TRUE(vantix::host::enterText(m_spin, "12"));
-    EXPECT_THAT(seen, SizeIs(2));
-    EXPECT_EQ("12", vantix::host::guiElement(m_spin).text);
-
+    EXPECT_FALSE(host::enterText(m_spin, "refused"));
+    EXPECT_TRUE(host::enterText(m_spin, "12"));
+    EXPECT_EQ("12", host::guiElement(m_spin).text);
     const int plain = VtxGUITextFieldAdd(theDialog, 2000, 200, 500, 100, nullptr);
-    EXPECT_TRUE(vantix::host::enterText(plain, "anything")) << "a field without a callback takes any text";
-    EXPECT_EQ("anything", vantix::host::guiElement(plain).text);
-
-    const int field = theField;
+    EXPECT_TRUE(host::enterText(plain, "anything")) << "a field without a callback takes any text";
+    EXPECT_EQ("anything", host::guiElement(plain).text);
     theField = VtxGUITextFieldAdd(theDialog, 2000, 10, 500, 100, Corrected);
-    EXPECT_FALSE(vantix::host::enterText(theField, "0"));
-    EXPECT_EQ("30", vantix::host::guiElement(theField).text) << "the callback set the text back";
-    EXPECT_THAT(seen, ElementsAre(testing::_, testing::_, "corrected '0'"));
-    theField = field;
+    EXPECT_FALSE(host::enterText(theField, "0"));
+    EXPECT_EQ("30", host::guiElement(theField).text) << "the callback set the text back";
+    EXPECT_THAT(seen, ElementsAre(HasSubstr("'refused'"), HasSubstr("'12'"), "corrected '0'"));
 }
 
 TEST_F(GuiUserActionsTest, TheDialogsOwnButtonsCallTheirCallbacksWhichDecideWhetherItGoesDown)
 {
-    vantix::host::pressClose(theDialog);
-    EXPECT_THAT(seen, ElementsAre("close"));
+    host::pressClose(theDialog);
     EXPECT_FALSE(VtxGUIDialogIsUp(theDialog));
-    EXPECT_THROW(vantix::host::pressOk(theDialog), std::logic_error);
-
+    EXPECT_THROW(host::pressOk(theDialog), std::logic_error);
     VtxGUIDialogLaunch(theDialog);
-    vantix::host::closeDialog(theDialog);
+    host::closeDialog(theDialog);
     EXPECT_THAT(seen, ElementsAre("close", "close")) << "the close box calls the close callback";
 
-    const int modeless = theDialog;
     theDialog = VtxGUIDialogCreateModal(GuiId_MainWindow, 100, 100, "Modal Actions", nullptr, Ok, Apply,
                                         Cancel, Help);
-    const struct
-    {
-        const char* what;
-        std::function<void(int)> press;
-        const char* seen;
-        bool staysUp;
-    } cases[] = {
-        {"OK", vantix::host::pressOk, "ok", false},
-        {"Apply", vantix::host::pressApply, "apply", true},
-        {"Cancel", vantix::host::pressCancel, "cancel", false},
-        {"Help", vantix::host::pressHelp, "help", true},
-        {"close box", vantix::host::closeDialog, "cancel", false},
+    const std::tuple<void (*)(int), const char*, bool> cases[] = {
+        {host::pressOk, "ok", false},         {host::pressApply, "apply", true},
+        {host::pressCancel, "cancel", false}, {host::pressHelp, "help", true},
+        {host::closeDialog, "cancel", false}, // the close box of a modal dialog cancels it
     };
-    for (const auto& c : cases)
+    for (const auto& [press, callback, staysUp] : cases)
     {
-        SCOPED_TRACE(c.what);
         seen.clear();
         VtxGUIDialogLaunch(theDialog);
-        c.press(theDialog);
-        EXPECT_THAT(seen, ElementsAre(c.seen));
-        EXPECT_EQ(c.staysUp, bool(VtxGUIDialogIsUp(theDialog)));
+        press(theDialog);
+        EXPECT_EQ(std::make_pair(std::vector<std::string>{callback}, staysUp),
+                  std::make_pair(seen, bool(VtxGUIDialogIsUp(theDialog))));
         VtxGUIDialogDrop(theDialog);
     }
-    EXPECT_THROW(vantix::host::pressClose(theDialog), std::logic_error)
-        << "a modal dialog has no Close button";
+    EXPECT_THROW(host::pressClose(theDialog), std::logic_error) << "a modal dialog has no Close button";
 
     const int bare =
         VtxGUIDialogCreateModeless(GuiId_MainWindow, 100, 100, "Bare Actions", nullptr, nullptr, nullptr);
     VtxGUIDialogLaunch(bare);
-    EXPECT_THROW(vantix::host::pressHelp(bare), std::logic_error);
-    vantix::host::closeDialog(bare);
+    EXPECT_THROW(host::pressHelp(bare), std::logic_error);
+    host::closeDialog(bare);
     EXPECT_FALSE(VtxGUIDialogIsUp(bare)) << "without a close callback the close box takes the dialog down";
-    theDialog = modeless;
 }
 
 TEST_F(GuiUserActionsTest, WhatTheUserCannotReachIsRefusedAndCallsNothing)
 {
     const auto refused = [&](const std::function<void()>& act, const char* why)
     {
-        seen.clear();
-        try
-        {
-            act();
-            ADD_FAILURE() << "not refused";
-        }
-        catch (const std::logic_error& error)
-        {
-            EXPECT_THAT(error.what(), HasSubstr(why));
-        }
+        EXPECT_THAT(ThrownMessage<std::logic_error>(act), HasSubstr(why));
         EXPECT_THAT(seen, IsEmpty());
     };
-
     VtxGUISetSensitivity(m_button, FALSE);
-    refused([&] { vantix::host::pressButton(m_button); }, "it is greyed out");
+    refused([&] { host::pressButton(m_button); }, "it is greyed out");
     VtxGUISetSensitivity(m_button, TRUE);
     VtxGUISetSensitivity(m_options, FALSE);
-    refused([&] { vantix::host::chooseMenuItem(m_menuItem); }, "it is greyed out");
-    EXPECT_FALSE(vantix::host::guiElement(theMenuToggle).on);
-    refused([&] { vantix::host::chooseMenuItem(theMenuToggle); }, "it is greyed out");
-    EXPECT_FALSE(vantix::host::guiElement(theMenuToggle).on) << "a refused toggle does not turn over";
+    refused([&] { host::chooseMenuItem(m_menuItem); }, "it is greyed out");
+    refused([&] { host::chooseMenuItem(theMenuToggle); }, "it is greyed out");
+    EXPECT_FALSE(host::guiElement(theMenuToggle).on) << "a refused toggle does not turn over";
     VtxGUISetSensitivity(m_options, TRUE);
-    refused([&] { vantix::host::selectListItems(m_single, {1, 1, 1}); }, "single-selection list");
+    refused([&] { host::selectListItems(m_single, {1, 1, 1}); }, "single-selection list");
     VtxGUISetSensitivity(theToggle, FALSE);
-    refused([&] { vantix::host::clickToggle(theToggle); }, "greyed out");
+    refused([&] { host::clickToggle(theToggle); }, "greyed out");
     EXPECT_FALSE(VtxGUIToggleGet(theToggle));
     VtxGUISetSensitivity(theToggle, TRUE);
 
@@ -326,110 +211,89 @@ TEST_F(GuiUserActionsTest, WhatTheUserCannotReachIsRefusedAndCallsNothing)
     const int modal =
         VtxGUIDialogCreateModal(theDialog, 100, 100, "Blocking", nullptr, Pressed, nullptr, nullptr, nullptr);
     VtxGUIDialogLaunch(modal);
-    refused([&] { vantix::host::pressButton(m_button); }, "a modal dialog holds the input");
-    refused([&] { vantix::host::enterText(theField, "x"); }, "a modal dialog holds the input");
-    EXPECT_EQ("", vantix::host::guiElement(theField).text);
+    refused([&] { host::pressButton(m_button); }, "a modal dialog holds the input");
+    refused([&] { host::enterText(theField, "x"); }, "a modal dialog holds the input");
+    EXPECT_EQ("", host::guiElement(theField).text);
     const int later = VtxGUIDialogCreateModeless(modal, 100, 100, "Later", nullptr, Pressed, nullptr);
     VtxGUIDialogLaunch(later);
-    vantix::host::pressClose(later);
-    vantix::host::pressOk(modal);
+    host::pressClose(later);
+    host::pressOk(modal);
     EXPECT_THAT(seen, ElementsAre("pressed", "pressed")) << "the modal dialog and what came up after it work";
     VtxGUIDialogDrop(modal);
     VtxGUIDialogDrop(later);
-    vantix::host::pressButton(m_button);
+    host::pressButton(m_button);
+    seen.clear();
 
     VtxGUIDialogDrop(theDialog);
-    refused([&] { vantix::host::pressButton(m_button); }, "its dialog is not up");
-    refused([&] { vantix::host::closeDialog(theDialog); }, "its dialog is not up");
+    refused([&] { host::pressButton(m_button); }, "its dialog is not up");
+    refused([&] { host::closeDialog(theDialog); }, "its dialog is not up");
 }
 
 TEST_F(GuiUserActionsTest, UnknownElementsAndPositionsAreInvalidArguments)
 {
-    const struct
-    {
-        const char* what;
-        std::function<void()> act;
-    } cases[] = {
-        {"unknown", [] { vantix::host::pressButton(987654); }},
-        {"not built", [] { vantix::host::clickToggle(GuiId_None); }},
-        {"a list pressed", [] { vantix::host::pressButton(theList); }},
-        {"a button typed into", [&] { vantix::host::enterText(m_button, "x"); }},
-        {"a text field spun", [] { vantix::host::spinUp(theField); }},
-        {"entry 0", [] { vantix::host::selectListItem(theList, 0); }},
-        {"entry 5 of 4",
-         [] {
-             vantix::host::selectListItems(theList, {1, 5});
-         }},
-        {"option 3 of 2", [] { vantix::host::chooseOption(theMenu, 3); }},
-        {"radio button 4 of 3", [] { vantix::host::chooseRadioButton(theRadio, 4); }},
-        {"a menu chosen", [&] { vantix::host::chooseMenuItem(m_options); }},
-        {"a button as a dialog", [&] { vantix::host::pressOk(m_button); }},
+    // clang-format off
+    const std::pair<const char*, std::function<void()>> cases[] = {
+        {"unknown", [] { host::pressButton(987654); }},
+        {"not built", [] { host::clickToggle(GuiId_None); }},
+        {"a list pressed", [] { host::pressButton(theList); }},
+        {"a button typed into", [&] { host::enterText(m_button, "x"); }},
+        {"a text field spun", [] { host::spinUp(theField); }},
+        {"entry 0", [] { host::selectListItem(theList, 0); }},
+        {"entry 5 of 4", [] { host::selectListItems(theList, {1, 5}); }},
+        {"option 3 of 2", [] { host::chooseOption(theMenu, 3); }},
+        {"radio button 4 of 3", [] { host::chooseRadioButton(theRadio, 4); }},
+        {"a menu chosen", [&] { host::chooseMenuItem(m_options); }},
+        {"a button as a dialog", [&] { host::pressOk(m_button); }},
     };
-    for (const auto& c : cases)
-    {
-        SCOPED_TRACE(c.what);
-        EXPECT_THROW(c.act(), std::invalid_argument);
-    }
+    // clang-format on
+    for (const auto& [what, act] : cases)
+        EXPECT_THROW(act(), std::invalid_argument) << what;
     EXPECT_THAT(seen, IsEmpty());
     EXPECT_EQ("", Selection(theList));
 }
 
 TEST_F(GuiUserActionsTest, AnExceptionOutOfACallbackIsReportedNotPassedOn)
 {
-    const int throwing = VtxGUIButtonAdd(theDialog, 2000, 10, 500, 100, "Throw", Throws);
-    EXPECT_NO_THROW(vantix::host::pressButton(throwing));
-    EXPECT_THAT(vantix::host::hostErrors(),
+    EXPECT_NO_THROW(host::pressButton(VtxGUIButtonAdd(theDialog, 2000, 10, 500, 100, "Throw", Throws)));
+    EXPECT_THAT(host::hostErrors(),
                 ElementsAre("the callback of a button \"Throw\" let an exception out: out of the callback"));
-    vantix::host::clearHostErrors();
+    host::clearHostErrors();
 }
 
 TEST_F(GuiUserActionsTest, HostMenuOptionsAreChosenByTheirReadableLabelWhileSensitive)
 {
     // Host menu options last for the whole process, so this test's labels are its own.
     EXPECT_TRUE(VtxUtilMenuAddOption("Animate", "&User Actions Option...", TRUE, HostOption));
-    EXPECT_TRUE(VtxUtilMenuAddOption("Tools", "User Actions &Other", FALSE, OtherHostOption));
-    const auto options = vantix::host::hostMenuOptions();
-    ASSERT_THAT(options, testing::Contains(testing::Field(&vantix::host::HostMenuOption::label,
-                                                          "&User Actions Option...")));
-    vantix::host::chooseHostMenuOption("Animate", "User Actions Option...");
-    vantix::host::chooseHostMenuOption("Animate", "&User Actions Option...");
-    EXPECT_THAT(seen, ElementsAre("host option", "host option"));
-
-    EXPECT_THROW(vantix::host::chooseHostMenuOption("Tools", "User Actions Other"), std::logic_error);
+    EXPECT_TRUE(VtxUtilMenuAddOption("Tools", "User Actions &Other", FALSE, Pressed));
+    EXPECT_THAT(host::hostMenuOptions(),
+                testing::Contains(testing::Field(&host::HostMenuOption::label, "&User Actions Option...")));
+    host::chooseHostMenuOption("Animate", "User Actions Option...");
+    host::chooseHostMenuOption("Animate", "&User Actions Option...");
+    EXPECT_THROW(host::chooseHostMenuOption("Tools", "User Actions Other"), std::logic_error);
     EXPECT_TRUE(VtxUtilMenuSetSensitivity("Tools", "User Actions &Other", TRUE));
-    vantix::host::chooseHostMenuOption("Tools", "User Actions Other");
-    EXPECT_THAT(seen, ElementsAre("host option", "host option", "other host option"));
-    EXPECT_THROW(vantix::host::chooseHostMenuOption("Animate", "User Actions Other"), std::invalid_argument);
-
+    host::chooseHostMenuOption("Tools", "User Actions Other");
+    EXPECT_THROW(host::chooseHostMenuOption("Animate", "User Actions Other"), std::invalid_argument);
     const int modal = VtxGUIDialogCreateModal(GuiId_MainWindow, 100, 100, "Host Menu Blocker", nullptr, Ok,
                                               nullptr, nullptr, nullptr);
     VtxGUIDialogLaunch(modal);
-    EXPECT_THROW(vantix::host::chooseHostMenuOption("Animate", "User Actions Option..."), std::logic_error);
-    VtxGUIDialogDrop(modal);
-    EXPECT_EQ(3u, seen.size());
+    EXPECT_THROW(host::chooseHostMenuOption("Animate", "User Actions Option..."), std::logic_error);
+    EXPECT_THAT(seen, ElementsAre("host option", "host option", "pressed"));
 
-    const struct
-    {
-        const char* what;
-        std::function<Boolean()> misuse;
-        std::string error;
-    } cases[] = {
-        {"unknown menu", [] { return VtxUtilMenuAddOption("Animation", "x", TRUE, HostOption); },
+    const std::pair<std::function<Boolean()>, std::string> cases[] = {
+        {[] { return VtxUtilMenuAddOption("Animation", "x", TRUE, HostOption); },
          "VtxUtilMenuAddOption was given the menu \"Animation\", which the host does not have"},
-        {"twice", [] { return VtxUtilMenuAddOption("Animate", "&User Actions Option...", TRUE, HostOption); },
+        {[] { return VtxUtilMenuAddOption("Animate", "&User Actions Option...", TRUE, HostOption); },
          "was given the option \"&User Actions Option...\", which menu \"Animate\" has already"},
-        {"no callback", [] { return VtxUtilMenuAddOption("Animate", "Nothing", TRUE, nullptr); },
+        {[] { return VtxUtilMenuAddOption("Animate", "Nothing", TRUE, nullptr); },
          "was given no callback for an option of menu \"Animate\""},
-        {"unknown option",
-         [] { return VtxUtilMenuSetSensitivity("Animate", "User Actions Option...", FALSE); },
+        {[] { return VtxUtilMenuSetSensitivity("Animate", "User Actions Option...", FALSE); },
          "was given the option \"User Actions Option...\" of menu \"Animate\", which no add-on added"},
     };
-    for (const auto& c : cases)
+    for (const auto& [misuse, error] : cases)
     {
-        SCOPED_TRACE(c.what);
-        EXPECT_FALSE(c.misuse());
-        EXPECT_THAT(vantix::host::hostErrors(), ElementsAre(HasSubstr(c.error)));
-        vantix::host::clearHostErrors();
+        EXPECT_FALSE(misuse());
+        EXPECT_THAT(host::hostErrors(), ElementsAre(HasSubstr(error)));
+        host::clearHostErrors();
     }
 }
 

@@ -2,42 +2,41 @@
 // up on, one journal per data set, commands kept in order as given.
 #include "support/HostTest.h"
 
-#include <VtxUtil.h>
-#include <vantix/host/Host.h>
-#include <vantix/host/Scene.h>
-
 #include <optional>
 #include <stdexcept>
-#include <string>
-#include <vector>
 
 namespace
 {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-using testsupport::HostTest;
-using vantix::host::JournalCommand;
+namespace host = vantix::host;
+using namespace ::testing;
 
-class JournalTest : public HostTest
+class JournalTest : public testsupport::HostTest
 {
 protected:
     static void LoadDataSet(const std::string& name)
     {
-        vantix::host::SurfaceZoneData triangle;
+        host::SurfaceZoneData triangle;
         triangle.name = name;
         triangle.nodes = {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}};
         triangle.triangles = {{0, 1, 2}};
-        vantix::host::loadDataSet(name, {triangle});
+        host::loadDataSet(name, {triangle});
     }
 
-    // The instructions in the active frame's journal.
-    static std::vector<std::string> Instructions()
+    // Whether the journal is valid, through the SDK and the host's API alike.
+    static bool Valid()
     {
-        std::vector<std::string> texts;
-        for (const JournalCommand& command : vantix::host::journalCommands())
-            texts.push_back(command.instructions);
-        return texts;
+        EXPECT_EQ(host::journalIsValid(), VtxUtilDataSetJournalIsValid() == TRUE);
+        return host::journalIsValid();
+    }
+
+    // The active frame's journal as (add-on, instructions, raw data) triples.
+    static std::vector<std::tuple<std::string, std::string, std::optional<std::string>>> Journal()
+    {
+        std::vector<std::tuple<std::string, std::string, std::optional<std::string>>> commands;
+        for (const host::JournalCommand& c : host::journalCommands())
+            commands.emplace_back(c.addOnID, c.instructions, c.rawData);
+        return commands;
     }
 
     static bool Add(const char* instructions)
@@ -46,119 +45,96 @@ protected:
     }
 };
 
-} // namespace
-
-TEST_F(JournalTest, WithoutADataSetThereIsNoJournal)
+TEST_F(JournalTest, WithoutADataSetOrAFrameThereIsNoJournal)
 {
-    EXPECT_EQ(FALSE, VtxUtilDataSetJournalIsValid());
-    EXPECT_FALSE(vantix::host::journalIsValid());
+    EXPECT_FALSE(Valid());
     EXPECT_FALSE(Add("Animate"));
-    EXPECT_THAT(vantix::host::journalCommands(), IsEmpty());
-    EXPECT_THROW(vantix::host::setJournalValid(true), std::logic_error);
-    EXPECT_EQ(FALSE, VtxUtilDataSetJournalIsValid());
-
-    // Nor without a frame.
-    vantix::host::reset();
-    EXPECT_EQ(FALSE, VtxUtilDataSetJournalIsValid());
+    EXPECT_THAT(host::journalCommands(), IsEmpty());
+    EXPECT_THROW(host::setJournalValid(true), std::logic_error);
+    EXPECT_FALSE(Valid());
+    host::reset();
+    EXPECT_FALSE(Valid());
     EXPECT_FALSE(Add("Animate"));
-    EXPECT_THAT(vantix::host::journalCommands(), IsEmpty());
+    EXPECT_THAT(host::journalCommands(), IsEmpty());
 }
 
 TEST_F(JournalTest, ALoadedDataSetKeepsTheCommandsInOrderAsGiven)
 {
     LoadDataSet("first");
-    EXPECT_EQ(TRUE, VtxUtilDataSetJournalIsValid());
-    EXPECT_TRUE(vantix::host::journalIsValid());
-    EXPECT_THAT(vantix::host::journalCommands(), IsEmpty());
-
+    EXPECT_TRUE(Valid());
+    EXPECT_THAT(host::journalCommands(), IsEmpty());
     const std::string awkward = "a 'b' \"c\"\n\\ =$!";
     EXPECT_EQ(TRUE, VtxUtilDataSetAddJournalCommand("Key Frame Animation",
                                                     "Animate AnimationDestination=ToFile", nullptr));
     EXPECT_EQ(TRUE, VtxUtilDataSetAddJournalCommand("Other", awkward.c_str(), "raw\tdata"));
     EXPECT_EQ(TRUE, VtxUtilDataSetAddJournalCommand("Other", "", ""));
-
-    const std::vector<JournalCommand> commands = vantix::host::journalCommands();
-    ASSERT_EQ(3u, commands.size());
-    EXPECT_EQ("Key Frame Animation", commands[0].addOnID);
-    EXPECT_EQ("Animate AnimationDestination=ToFile", commands[0].instructions);
-    EXPECT_EQ(std::nullopt, commands[0].rawData);
-    EXPECT_EQ("Other", commands[1].addOnID);
-    EXPECT_EQ(awkward, commands[1].instructions);
-    EXPECT_EQ(std::optional<std::string>("raw\tdata"), commands[1].rawData);
-    EXPECT_EQ("", commands[2].instructions);
-    EXPECT_EQ(std::optional<std::string>(""), commands[2].rawData);
+    EXPECT_THAT(Journal(), ElementsAre(std::make_tuple("Key Frame Animation",
+                                                       "Animate AnimationDestination=ToFile", std::nullopt),
+                                       std::make_tuple("Other", awkward, "raw\tdata"),
+                                       std::make_tuple("Other", "", "")));
 }
 
 TEST_F(JournalTest, AJournalGivenUpOnKeepsWhatItHasAndTakesNothingMore)
 {
     LoadDataSet("data");
     EXPECT_TRUE(Add("one"));
-    vantix::host::setJournalValid(false);
-    EXPECT_EQ(FALSE, VtxUtilDataSetJournalIsValid());
-    EXPECT_FALSE(vantix::host::journalIsValid());
+    host::setJournalValid(false);
+    EXPECT_FALSE(Valid());
     EXPECT_FALSE(Add("two"));
-    EXPECT_THAT(Instructions(), ElementsAre("one"));
-
-    vantix::host::setJournalValid(true);
-    EXPECT_EQ(TRUE, VtxUtilDataSetJournalIsValid());
+    host::setJournalValid(true);
+    EXPECT_TRUE(Valid());
     EXPECT_TRUE(Add("three"));
-    EXPECT_THAT(Instructions(), ElementsAre("one", "three"));
+    EXPECT_THAT(Journal(), ElementsAre(std::make_tuple("Some Add-on", "one", std::nullopt),
+                                       std::make_tuple("Some Add-on", "three", std::nullopt)));
 }
 
 TEST_F(JournalTest, EachDataSetHasItsOwnJournalAndANewlyLoadedOneStartsAfresh)
 {
     LoadDataSet("first");
     EXPECT_TRUE(Add("for the first"));
-    vantix::host::setJournalValid(false);
-
-    const UniqueID_t second = vantix::host::addFrame(PlotType_Cartesian3D);
-    EXPECT_EQ(FALSE, VtxUtilDataSetJournalIsValid()); // the new frame has no data set yet
+    host::setJournalValid(false);
+    const UniqueID_t second = host::addFrame(PlotType_Cartesian3D);
+    EXPECT_FALSE(Valid()) << "the new frame has no data set yet";
     LoadDataSet("second");
-    EXPECT_EQ(TRUE, VtxUtilDataSetJournalIsValid());
-    EXPECT_THAT(vantix::host::journalCommands(), IsEmpty());
+    EXPECT_TRUE(Valid());
+    EXPECT_THAT(host::journalCommands(), IsEmpty());
     EXPECT_TRUE(Add("for the second"));
 
-    ASSERT_TRUE(vantix::host::activateFrame(m_frame));
-    EXPECT_EQ(FALSE, VtxUtilDataSetJournalIsValid());
-    EXPECT_THAT(Instructions(), ElementsAre("for the first"));
-    ASSERT_TRUE(vantix::host::activateFrame(second));
-    EXPECT_THAT(Instructions(), ElementsAre("for the second"));
+    ASSERT_TRUE(host::activateFrame(m_frame));
+    EXPECT_FALSE(Valid());
+    EXPECT_THAT(Journal(), ElementsAre(std::make_tuple("Some Add-on", "for the first", std::nullopt)));
+    ASSERT_TRUE(host::activateFrame(second));
+    EXPECT_THAT(Journal(), ElementsAre(std::make_tuple("Some Add-on", "for the second", std::nullopt)));
 
     // Loading again replaces the data set and, with it, the journal, even one given up on.
-    ASSERT_TRUE(vantix::host::activateFrame(m_frame));
+    ASSERT_TRUE(host::activateFrame(m_frame));
     LoadDataSet("third");
-    EXPECT_EQ(TRUE, VtxUtilDataSetJournalIsValid());
-    EXPECT_THAT(vantix::host::journalCommands(), IsEmpty());
+    EXPECT_TRUE(Valid());
+    EXPECT_THAT(host::journalCommands(), IsEmpty());
 }
 
 TEST_F(JournalTest, ACommandWithoutAnAddOnOrInstructionsIsAProtocolError)
 {
     LoadDataSet("data");
-    const struct
+    host::setTracing(true);
+    const std::pair<const char*, const char*> cases[] = {
+        {nullptr, "Animate"}, {"", "Animate"}, {"Some Add-on", nullptr}};
+    for (const auto& [addOnID, instructions] : cases)
     {
-        const char* addOnID;
-        const char* instructions;
-    } cases[] = {{nullptr, "Animate"}, {"", "Animate"}, {"Some Add-on", nullptr}};
-    for (const auto& c : cases)
-    {
-        EXPECT_EQ(FALSE, VtxUtilDataSetAddJournalCommand(c.addOnID, c.instructions, nullptr));
-        EXPECT_THAT(vantix::host::hostErrors(),
+        EXPECT_EQ(FALSE, VtxUtilDataSetAddJournalCommand(addOnID, instructions, nullptr))
+            << (addOnID ? addOnID : "no add-on") << ", " << (instructions ? instructions : "no instructions");
+        EXPECT_THAT(host::hostErrors(),
                     ElementsAre("VtxUtilDataSetAddJournalCommand was given no add-on id or no instructions"));
-        vantix::host::clearHostErrors();
+        host::clearHostErrors();
     }
-    EXPECT_THAT(vantix::host::journalCommands(), IsEmpty());
+    EXPECT_THAT(host::journalCommands(), IsEmpty());
+    // The journal functions are counted and traced like every other.
+    VtxUtilDataSetJournalIsValid();
+    EXPECT_EQ(std::make_tuple(1, 3), std::make_tuple(host::callCount("VtxUtilDataSetJournalIsValid"),
+                                                     host::callCount("VtxUtilDataSetAddJournalCommand")));
+    EXPECT_THAT(host::trace(),
+                ElementsAre("VtxUtilDataSetAddJournalCommand", "VtxUtilDataSetAddJournalCommand",
+                            "VtxUtilDataSetAddJournalCommand", "VtxUtilDataSetJournalIsValid"));
 }
 
-TEST_F(JournalTest, TheJournalFunctionsAreCountedAndTraced)
-{
-    LoadDataSet("data");
-    vantix::host::setTracing(true);
-    VtxUtilDataSetJournalIsValid();
-    Add("one");
-    Add("two");
-    EXPECT_EQ(1, vantix::host::callCount("VtxUtilDataSetJournalIsValid"));
-    EXPECT_EQ(2, vantix::host::callCount("VtxUtilDataSetAddJournalCommand"));
-    EXPECT_THAT(vantix::host::trace(),
-                ElementsAre("VtxUtilDataSetJournalIsValid", "VtxUtilDataSetAddJournalCommand",
-                            "VtxUtilDataSetAddJournalCommand"));
-}
+} // namespace

@@ -1,19 +1,13 @@
 // The built add-on module loads like the host loads it: dlopen, look up the plain entry point, call it.
 #include "support/HostTest.h"
 
-#include <vantix/host/Host.h>
-
 #include <algorithm>
 #include <dlfcn.h>
 
 namespace
 {
 
-using testsupport::HostTest;
-
-class ModuleLoadTest : public HostTest
-{
-};
+using ModuleLoadTest = testsupport::HostTest;
 
 TEST_F(ModuleLoadTest, TheModuleExportsOnlyItsEntryPointWhichRegistersTheAddOn)
 {

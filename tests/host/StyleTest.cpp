@@ -1,33 +1,22 @@
 // Style settings by name: the host's defaults, typed access, refusals, and the host's API over them.
 #include "support/HostTest.h"
 
-#include <vantix/host/Host.h>
 #include <vantix/toolbox/StyleValue.h>
 
-#include <cmath>
 #include <limits>
 #include <stdexcept>
 
 namespace
 {
 
-using testsupport::HostTest;
-using vantix::host::StyleData;
-using vantix::toolbox::StringList;
+namespace host = vantix::host;
+using host::StyleData;
 using vantix::toolbox::StyleValue;
-
-class StyleTest : public HostTest
-{
-};
+using StyleTest = testsupport::HostTest;
 
 TEST_F(StyleTest, TheHostAnswersEveryPathWithItsDefault)
 {
-    struct Case
-    {
-        std::vector<std::string> path;
-        StyleData value;
-    };
-    const Case cases[] = {
+    const std::pair<std::vector<std::string>, StyleData> cases[] = {
         {{"Interface", "UseDisplayLists"}, true},
         {{"GlobalThreeD", "LightSource", "Intensity"}, 75.0},
         {{"GlobalThreeD", "LightSource", "BackgroundLight"}, 25.0},
@@ -40,25 +29,23 @@ TEST_F(StyleTest, TheHostAnswersEveryPathWithItsDefault)
         {{"ThreeDView", "FieldOfView"}, 30.0},
         {{"GlobalThreeD", "RotateOrigin", "X"}, 0.0},
     };
-    for (const Case& c : cases)
-        EXPECT_EQ(c.value, vantix::host::style(c.path)) << c.path.back();
+    for (const auto& [path, value] : cases)
+        EXPECT_EQ(value, host::style(path)) << path.back();
 
-    // Through the toolbox, with names in any case.
+    // Through the toolbox, with names in any case, a Boolean as bool or as the SDK's Boolean.
     StyleValue lights("globalthreed", "LIGHTSOURCE");
     double intensity = 0;
     EXPECT_EQ(GetValueReturnCode_Ok,
               lights.getValue(&intensity, -1, -1, lights.initMacroIDsfromStyleValueNames("intensity")));
-    EXPECT_EQ(75.0, intensity);
-
-    StyleValue displayLists(StringList{"Interface", "UseDisplayLists"});
+    StyleValue displayLists(vantix::toolbox::StringList{"Interface", "UseDisplayLists"});
     bool useLists = false;
     char useListsAsBoolean = 0;
     EXPECT_EQ(GetValueReturnCode_Ok,
               displayLists.getValue(&useLists, -1, -1, displayLists.initMacroIDsfromStyleValueNames()));
     EXPECT_EQ(GetValueReturnCode_Ok, displayLists.getValue(&useListsAsBoolean, -1, -1,
                                                            displayLists.initMacroIDsfromStyleValueNames()));
-    EXPECT_TRUE(useLists);
-    EXPECT_EQ(TRUE, useListsAsBoolean);
+    EXPECT_EQ(std::make_tuple(75.0, true, char(TRUE)),
+              std::make_tuple(intensity, useLists, useListsAsBoolean));
 }
 
 TEST_F(StyleTest, WritesAreTypedAndCheckedAndResetRestoresTheDefaults)
@@ -69,7 +56,7 @@ TEST_F(StyleTest, WritesAreTypedAndCheckedAndResetRestoresTheDefaults)
     EXPECT_EQ(SetValueReturnCode_DuplicateValue, lights.setValue(40.0, nullptr, -1, -1, intensity));
     EXPECT_EQ(SetValueReturnCode_Ok,
               lights.setValue(10.0, nullptr, -1, -1, intensity, vantix::toolbox::AssignOp_PlusEquals));
-    EXPECT_EQ(StyleData(50.0), vantix::host::style({"GlobalThreeD", "LightSource", "Intensity"}));
+    EXPECT_EQ(StyleData(50.0), host::style({"GlobalThreeD", "LightSource", "Intensity"}));
 
     // Refusals leave the value alone.
     const double notANumber = std::numeric_limits<double>::quiet_NaN();
@@ -82,12 +69,11 @@ TEST_F(StyleTest, WritesAreTypedAndCheckedAndResetRestoresTheDefaults)
     int dummySet = 0;
     EXPECT_EQ(SetValueReturnCode_ContextError,
               lights.setValue(1.0, reinterpret_cast<Set_pa>(&dummySet), -1, -1, intensity));
-    EXPECT_EQ(StyleData(50.0), vantix::host::style({"GlobalThreeD", "LightSource", "Intensity"}));
-
+    EXPECT_EQ(StyleData(50.0), host::style({"GlobalThreeD", "LightSource", "Intensity"}));
     bool flag = false;
     EXPECT_EQ(GetValueReturnCode_InvalidType, lights.getValue(&flag, -1, -1, intensity));
 
-    // Unknown names anywhere on the path.
+    // Unknown names anywhere on the path; a node that is not a setting cannot be read.
     const auto unknownSetting = lights.initMacroIDsfromStyleValueNames("Brightness");
     EXPECT_FALSE(unknownSetting.isValid());
     double value = 0;
@@ -96,31 +82,27 @@ TEST_F(StyleTest, WritesAreTypedAndCheckedAndResetRestoresTheDefaults)
     StyleValue unknownBase("NoSuchStyle");
     EXPECT_EQ(GetValueReturnCode_InvalidName,
               unknownBase.getValue(&value, -1, -1, unknownBase.initMacroIDsfromStyleValueNames("Intensity")));
-    // A node that is not a setting cannot be read.
-    StyleValue global("GlobalThreeD");
-    EXPECT_FALSE(global.initMacroIDsfromStyleValueNames("LightSource").isValid());
+    EXPECT_FALSE(StyleValue("GlobalThreeD").initMacroIDsfromStyleValueNames("LightSource").isValid());
+    EXPECT_THROW(host::setStyle({"GlobalThreeD", "LightSource"}, 1.0), std::invalid_argument);
+    EXPECT_THROW(host::setStyle({"Interface", "UseDisplayLists"}, 1.0), std::invalid_argument);
+    EXPECT_THROW(host::style({"Interface", "Nothing"}), std::invalid_argument);
 
-    EXPECT_THROW(vantix::host::setStyle({"GlobalThreeD", "LightSource"}, 1.0), std::invalid_argument);
-    EXPECT_THROW(vantix::host::setStyle({"Interface", "UseDisplayLists"}, 1.0), std::invalid_argument);
-    EXPECT_THROW(vantix::host::style({"Interface", "Nothing"}), std::invalid_argument);
-
-    vantix::host::reset();
-    EXPECT_EQ(StyleData(75.0), vantix::host::style({"GlobalThreeD", "LightSource", "Intensity"}));
-    m_frame = vantix::host::addFrame();
+    host::reset();
+    EXPECT_EQ(StyleData(75.0), host::style({"GlobalThreeD", "LightSource", "Intensity"}));
 }
 
 TEST_F(StyleTest, WritesAreTracedByPath)
 {
-    vantix::host::setTracing(true);
+    host::setTracing(true);
     StyleValue timing("StreamAttributes", "StreamTiming");
     timing.setValue(2.5, nullptr, -1, -1, timing.initMacroIDsfromStyleValueNames("TimeAnchor"));
     VtxUtilRedraw(TRUE);
     EXPECT_THAT(
-        vantix::host::trace(),
+        host::trace(),
         ::testing::ElementsAre("StyleValue.set StreamAttributes/StreamTiming/TimeAnchor", "VtxUtilRedraw"));
-    EXPECT_EQ(1, vantix::host::callCount("VtxUtilRedraw"));
-    EXPECT_EQ(0, vantix::host::callCount("VtxUtilViewRotate3D"));
-    EXPECT_THROW(vantix::host::callCount("VtxUtilNoSuchFunction"), std::invalid_argument);
+    EXPECT_EQ(std::make_tuple(1, 0),
+              std::make_tuple(host::callCount("VtxUtilRedraw"), host::callCount("VtxUtilViewRotate3D")));
+    EXPECT_THROW(host::callCount("VtxUtilNoSuchFunction"), std::invalid_argument);
 }
 
 } // namespace
