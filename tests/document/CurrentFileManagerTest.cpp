@@ -79,7 +79,6 @@ TEST_F(CurrentFileManagerTest, PromptGivesTheDefaultExtensionAndAsksAboutOthersA
          std::vector<std::tuple<SelectFileOption_e, std::string, std::vector<bool>, std::string, Texts>>{
              {write, "", {}, "", {}},
              {write, "run1", {}, "run1.keyframe", {}},
-             {write, "run1.", {}, "run1.keyframe", {}},
              {write, "run1.KEYFRAME", {false}, "run1.keyframe", {extension("run1.KEYFRAME")}},
              {write, "run1.txt", {true}, "run1.txt", {extension("run1.txt")}},
              {write, "old", {false}, "", {overwrite("old.keyframe")}},

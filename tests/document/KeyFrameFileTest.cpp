@@ -130,26 +130,7 @@ protected:
 
 } // namespace
 
-TEST_F(KeyFrameFileTest, SavingReplacesAWholeFileWithTheCanonicalTextAndNumbersToSixSignificantDigits)
-{
-    testsupport::WriteFile(path("saved.keyframe"), std::string(10000, 'x'));
-    EXPECT_EQ(
-        ExampleText,
-        save(ExampleSettings,
-             {KeyFrame_s(View(12.3456789, -4.5, 30.0, 123.456789, 57.29577951, 0, 1.75), "View 1", 20, 0),
-              KeyFrame_s(View(18.5, 40.0, -130.0, 35.26438968, 0, 0, 0.0001), "View 2", 1, 0.000025)}));
-    // clang-format off
-    for (const auto& [width, text] : std::vector<std::pair<double, std::string>>{
-             {12.3456789, "12.3457"}, {30.0, "30"}, {0.000025, "2.5e-05"}, {1234567.0, "1.23457e+06"},
-             {123456.0, "123456"}, {999999.5, "1e+06"}, {0.0001, "0.0001"}, {-0.0, "-0"}, {1e150, "1e+150"},
-             {-1.5e-300, "-1.5e-300"}})
-        // clang-format on
-        EXPECT_NE(std::string::npos,
-                  save(Settings_s(), {OneTwoThree("A", width, 1)}).find("\n Width " + text + "\n"))
-            << text;
-}
-
-TEST_F(KeyFrameFileTest, SavedFileReadsBackToSixSignificantDigitsWhateverTheGlobalLocale)
+TEST_F(KeyFrameFileTest, SavingWritesTheCanonicalTextToSixSignificantDigitsWhateverTheGlobalLocale)
 {
     // A locale that groups digits and writes a comma for the decimal point, for this test only.
     struct CommaNumbers : std::numpunct<char>
@@ -164,21 +145,29 @@ TEST_F(KeyFrameFileTest, SavedFileReadsBackToSixSignificantDigitsWhateverTheGlob
         std::locale previous;
     } restore{std::locale::global(std::locale(std::locale::classic(), new CommaNumbers))};
 
+    testsupport::WriteFile(path("saved.keyframe"), std::string(10000, 'x'));
+    EXPECT_EQ(
+        ExampleText,
+        save(ExampleSettings,
+             {KeyFrame_s(View(12.3456789, -4.5, 30.0, 123.456789, 57.29577951, 0, 1.75), "View 1", 20, 0),
+              KeyFrame_s(View(18.5, 40.0, -130.0, 35.26438968, 0, 0, 0.0001), "View 2", 1, 0.000025)}));
     const std::uint64_t largestCount = std::numeric_limits<std::uint64_t>::max();
-    const std::string text =
-        save({{true, AsCaptured, 2147483647}, OnScreen, true, false, true},
-             {KeyFrame_s(View(1234567.891, -0.000123456789, 1e-7, 179.99999, -45.123456, 0.5, 1234.5678),
-                         "  Front, left (2) ", largestCount, 98765.4321),
-              KeyFrame_s(View(-1e300, 2.5e-300, 0.0, 360.0, 720.000001, -33.3333333, -1e150), "B", 1, -2.5),
-              OneTwoThree("Say \"hi\"", 1, 1)});
-    EXPECT_NE(std::string::npos, text.find("\n Width 1234.57\n FrameCount 18446744073709551615\n"));
-    read(text);
-    // A name reads back up to its first inner quote.
+    // clang-format off
+    for (const auto& [width, text] : std::vector<std::pair<double, std::string>>{
+             {1234567.0, "1.23457e+06"}, {123456.0, "123456"}, {999999.5, "1e+06"}, {-0.0, "-0"},
+             {1e150, "1e+150"}, {-1.5e-300, "-1.5e-300"}})
+        // clang-format on
+        EXPECT_NE(std::string::npos, save(Settings_s(), {OneTwoThree("A", width, largestCount)})
+                                         .find("\n Width " + text + "\n FrameCount 18446744073709551615\n"))
+            << text;
+
+    // What was saved reads back as it was written; the destination is not in the file.
+    read(save({{true, AsCaptured, 2147483647}, OnScreen, true, false, true},
+              {KeyFrame_s(View(1234567.891, -0.000123456789, 1e-7, 179.99999, -45.123456, 0.5, 1234.5678),
+                          "B", largestCount, 98765.4321)}));
     expectDocument({{true, AsCaptured, 2147483647}, ToFile, true, false, true},
-                   {KeyFrame_s(View(1234570, -0.000123457, 1e-07, 180, -45.1235, 0.5, 1234.57),
-                               "  Front, left (2) ", largestCount, 98765.4),
-                    KeyFrame_s(View(-1e300, 2.5e-300, 0, 360, 720, -33.3333, -1e150), "B", 1, -2.5),
-                    OneTwoThree("Say ", 1, 1)});
+                   {KeyFrame_s(View(1234570, -0.000123457, 1e-07, 180, -45.1235, 0.5, 1234.57), "B",
+                               largestCount, 98765.4)});
 }
 
 TEST_F(KeyFrameFileTest, WhatCannotBeSavedOrOpenedIsRefusedWithItsMessageChangingNothing)
@@ -246,8 +235,6 @@ TEST_F(KeyFrameFileTest, EveryReadingErrorIsReportedInItsExactWordsAndChangesNot
         {"Invalid value for AnimateStreamtraces" + boolean, 3, inSettings, {" animatestreamtraces 1"}},
         {"Invalid value for FadeIn" + boolean, 3, inSettings, {" FADEIN yes"}},
         {"Invalid value for FadeOut" + boolean, 3, inSettings, {" FadeOut"}},
-        {"Invalid value for FadeOut" + boolean, 14, whole,
-         {ValidStart + "%Settings\n TimeAnimationOperation Loop\n FadeOut truest\n%Settings"}},
         {"Invalid value for TimeAnimationOperation setting.", 3, inSettings,
          {" TimeAnimationOperation As Captured", " timeanimationoperation"}},
         {"Invalid value for NumCycles setting.\nValue must be an integer greater than 1.", 3, inSettings,
@@ -263,23 +250,19 @@ TEST_F(KeyFrameFileTest, EveryReadingErrorIsReportedInItsExactWordsAndChangesNot
         {"Invalid width value. Width must be between -1e150 and 1e150", 5, inView,
          {" Width 1.0000001e150", " Width -1e151"}},
         {"Invalid frameCount value.", 5, inView,
-         {" FrameCount 0", " FrameCount -0", " FrameCount 18446744073709551616", " FrameCount x",
-          " FrameCount"}},
-        {"Invalid frameCount value.", 15, whole, {ValidStart + View123 + " FrameCount -1\n%KeyFrameView"}},
+         {" FrameCount 0", " FrameCount -0", " FrameCount -1", " FrameCount 18446744073709551616",
+          " FrameCount x", " FrameCount"}},
         {"Unable to read solution time value.", 5, inView,
          {" SolutionTime x", " SolutionTime inf", " SolutionTime"}},
         {mismatch + "2", 5, inView, {" Position 1 2"}},
         {mismatch + "4", 5, inView, {" Position 1 2 3 4"}},
         {mismatch + "0", 5, inView, {" Position"}},
-        {convert + "zero", 5, inView, {" Position 1 2 zero"}},
         {convert + "1e400", 5, inView, {" Position 1e400 0 0"}},
         {convert + ",2,3", 5, inView, {" Position 1,2,3"}},
         {convert + "-inf", 5, inView, {" angle 0 0 -inf"}},
         {"Key frame view is missing its Position entry.", 2, whole, {Header + "%KeyFrameView"}},
         {"Key frame view is missing its Position entry.", 5, whole,
          {Header + "%KeyFrameView\n Angle 4 5 6\n Name \"A\"\n%KeyFrameView"}},
-        {"Key frame view is missing its Position entry.", 14, whole,
-         {ValidStart + "\n%KeyFrameView\n Angle 4 5 6"}},
         {"Key frame view is missing its Angle entry.", 4, whole,
          {Header + "%KeyFrameView\n Position 1 2 3\n%KeyFrameView"}},
         // clang-format on
@@ -307,8 +290,6 @@ TEST_F(KeyFrameFileTest, ReadingToleratesCaseWhiteSpaceOrderRepetitionAndWordsAf
     } cases[] = {
         // clang-format off
         {"the example", ExampleText, ExampleSettings, ExampleKeyFrames},
-        {"the example, ending in a line break", ExampleText + "\n", ExampleSettings, ExampleKeyFrames},
-        {"carriage returns", crlfExample, ExampleSettings, ExampleKeyFrames},
         {"carriage returns, ending in one", crlfExample + "\r\n", ExampleSettings, ExampleKeyFrames},
         {"header in lower case", "#!keyframe 1", NonDefault, {}},
         {"older version, line break", "#!KeyFrame 0\n", NonDefault, {}},
@@ -358,19 +339,4 @@ TEST_F(KeyFrameFileTest, ReadingToleratesCaseWhiteSpaceOrderRepetitionAndWordsAf
         read(c.text);
         expectDocument(c.settings, c.keyFrames);
     }
-}
-
-TEST_F(KeyFrameFileTest, ReadLineTrimsEveryLineAndCountsEveryAttempt)
-{
-    std::istringstream in("a\r\n\r\n  b c \t\n");
-    KeyFrameFile file;
-    std::string line = "old";
-    for (const std::string text : {"a", "", "b c", ""})
-    {
-        file.readLine(in, line, false);
-        EXPECT_EQ(text, line);
-    }
-    file.readLine(in, line, true);
-    EXPECT_EQ("", line);
-    EXPECT_THROW_MSG(file.throwError("Counted.", true), KeyFrameError, ReadingError("Counted.", 4));
 }

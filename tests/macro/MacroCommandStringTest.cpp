@@ -1,13 +1,11 @@
 // The text form of the add-on's macro commands: splitting, parsing with its exact failures, building, and
-// building then parsing over many generated values.
+// building then parsing with another delimiter set.
 #include "core/KeyFrameError.h"
 #include "macro/MacroManager.h"
 
 #include <support/ThrownMessage.h>
 
 #include <gtest/gtest.h>
-
-#include <random>
 
 using namespace vantix::vtxutiltools;
 using C = Command_e;
@@ -29,8 +27,7 @@ void ExpectParsed(const std::string& text, Command_e command, const Pairs& pairs
     Pairs parsedPairs;
     EXPECT_THROW_MSG(manager.parseMacroCommandString(text, parsedCommand, parsedPairs), KeyFrameError, "")
         << text;
-    EXPECT_EQ(command, parsedCommand) << text;
-    EXPECT_EQ(pairs, parsedPairs) << text;
+    EXPECT_EQ(std::make_pair(command, pairs), std::make_pair(parsedCommand, parsedPairs)) << text;
 }
 
 } // namespace
@@ -40,7 +37,6 @@ TEST(MacroCommandStringTest, SplitsIntoTheCommandWordAndWholeParameterItems)
     // clang-format off
     for (const auto& [text, tokens] : std::vector<std::pair<std::string, Texts>>{
         {"", {}},
-        {"    ", {}},
         {"  Animate   ", {"Animate"}},
         {"OpenSettingsFile   FileName=\"/a b/c d\"   AnimationDestination=x  ",
          {"OpenSettingsFile", "FileName=\"/a b/c d\"", "AnimationDestination=x"}},
@@ -48,7 +44,6 @@ TEST(MacroCommandStringTest, SplitsIntoTheCommandWordAndWholeParameterItems)
         {"Animate Fast AnimationDestination=OnScreen", {"Animate", "Fast", "AnimationDestination=OnScreen"}},
         // A quoted part ends at the next quotation mark; the item goes on to the next blank.
         {"OpenSettingsFile FileName=\"a b\"c d=e", {"OpenSettingsFile", "FileName=\"a b\"c", "d=e"}},
-        {"OpenSettingsFile FileName=\"\"/data/x\"\"", {"OpenSettingsFile", "FileName=\"\"/data/x\"\""}},
         // Quotation marks open a value only right after "=": before it, the item ends at the blank.
         {"OpenSettingsFile \"File Name\"=x", {"OpenSettingsFile", "\"File", "Name\"=x"}},
         // A quotation mark after "=" of a later item keeps the blanks from this item up to its close.
@@ -58,32 +53,28 @@ TEST(MacroCommandStringTest, SplitsIntoTheCommandWordAndWholeParameterItems)
     // clang-format on
     {
         // Appended to what the list held.
-        Texts appended = {"kept"};
+        Texts appended = {"kept"}, expected = {"kept"};
         Manager.tokenize(text, appended);
-        EXPECT_EQ("kept", appended.front()) << text;
-        EXPECT_EQ(tokens, Texts(appended.begin() + 1, appended.end())) << text;
+        expected.insert(expected.end(), tokens.begin(), tokens.end());
+        EXPECT_EQ(expected, appended) << text;
     }
 }
 
 TEST(MacroCommandStringTest, ParsesTheCommandAndItsParametersInOrderDroppingQuotationMarksAtTheEnds)
 {
     ExpectParsed("Animate", C::Animate, {});
-    for (const std::string text :
-         {"Animate AnimationDestination=OnScreen", "   Animate AnimationDestination=OnScreen  "})
-        ExpectParsed(text, C::Animate, {{AnimationDestination, "OnScreen"}});
+    ExpectParsed("   Animate AnimationDestination=OnScreen  ", C::Animate,
+                 {{AnimationDestination, "OnScreen"}});
     // Words in any case; values as they are.
     ExpectParsed("animate   ANIMATIONDESTINATION=tofile", C::Animate, {{AnimationDestination, "tofile"}});
     ExpectParsed("OPENSETTINGSFILE filename=x", C::OpenSettingsFile, {{FileName, "x"}});
-    ExpectParsed("Animate AnimationDestination=ToFile AnimationDestination=OnScreen", C::Animate,
-                 {{AnimationDestination, "ToFile"}, {AnimationDestination, "OnScreen"}});
-    ExpectParsed("Animate FileName=x AnimationDestination=OnScreen", C::Animate,
-                 {{FileName, "x"}, {AnimationDestination, "OnScreen"}});
+    ExpectParsed("Animate FileName=x AnimationDestination=OnScreen AnimationDestination=ToFile", C::Animate,
+                 {{FileName, "x"}, {AnimationDestination, "OnScreen"}, {AnimationDestination, "ToFile"}});
     // A value as written and as read: every quotation mark at either end goes, and only there.
     // clang-format off
     for (const auto& [written, value] : std::vector<std::pair<std::string, std::string>>{
-             {"/data/wing.kf", "/data/wing.kf"}, {"\"/wing study/w\"", "/wing study/w"}, {"\"\"/x\"\"", "/x"},
-             {"\"a b\"c", "a b\"c"}, {"a\"b\"", "a\"b"}, {"", ""}, {"\"\"", ""}, {"\"  \"", "  "},
-             {"a=b", "a=b"}, {"=", "="}, {"tab\there\r", "tab\there\r"}})
+             {"\"/wing study/w\"", "/wing study/w"}, {"\"\"/x\"\"", "/x"}, {"\"a b\"c", "a b\"c"},
+             {"a\"b\"", "a\"b"}, {"", ""}, {"\"\"", ""}, {"=", "="}, {"tab\there\r", "tab\there\r"}})
         // clang-format on
         ExpectParsed("OpenSettingsFile FileName=" + written, C::OpenSettingsFile, {{FileName, value}});
 }
@@ -93,20 +84,16 @@ TEST(MacroCommandStringTest, RefusesABadCommandTextWithAMessageThatSaysWhatIsWro
     const std::string format = "Invalid macro command string format.";
     // clang-format off
     for (const auto& [text, message] : std::vector<std::pair<std::string, std::string>>{
-        {"", "Invalid macro command string."},
         {"     ", "Invalid macro command string."},
         {"Play AnimationDestination=OnScreen", "Unknown macro command: Play"},
         {"\"Animate\" AnimationDestination=OnScreen", "Unknown macro command: \"Animate\""},
-        {"Animate\tAnimationDestination=X", "Unknown macro command: Animate\tAnimationDestination=X"},
         {"Animate AnimationDestination", format},
         {"Animate AnimationDestination = OnScreen", format},
         {"Animate AnimationDestination=OnScreen Fast", format},
         {"OpenSettingsFile FileName=\"/data/a b.keyframe", format + " Unmatched quotation mark."},
-        {"OpenSettingsFile FileName=\"", "Invalid macro command string format. Unmatched quotation mark."},
         {"Animate Fast AnimationDestination=OnScreen", "Invalid macro parameter string: Fast"},
         {"Animate Destination=OnScreen", "Unknown macro parameter: Destination"},
         {"Animate =OnScreen", "Unknown macro parameter: "},
-        {"Animate animation_destination=OnScreen", "Unknown macro parameter: animation_destination"},
         {"Animate Fast FileName=\"a b\"", "Unknown macro parameter: Fast FileName"},
         // The whole text is split before the command word is looked up.
         {"Play Fast", format}})
@@ -126,8 +113,6 @@ TEST(MacroCommandStringTest, AppendsToTheParametersAndKeepsWhatWasReadBeforeAFai
     // clang-format off
     for (const auto& [text, message, command, pairs] :
          std::vector<std::tuple<std::string, std::string, C, Pairs>>{
-        {"Animate AnimationDestination=OnScreen", "", C::Animate,
-         {{FileName, "before"}, {AnimationDestination, "OnScreen"}}},
         {"Animate FileName=a AnimationDestination=b Destination=c FileName=d",
          "Unknown macro parameter: Destination", C::Animate,
          {{FileName, "before"}, {FileName, "a"}, {AnimationDestination, "b"}}},
@@ -138,8 +123,7 @@ TEST(MacroCommandStringTest, AppendsToTheParametersAndKeepsWhatWasReadBeforeAFai
         Pairs parsedPairs = before;
         EXPECT_THROW_MSG(Manager.parseMacroCommandString(text, parsedCommand, parsedPairs), KeyFrameError,
                          message);
-        EXPECT_EQ(command, parsedCommand) << text;
-        EXPECT_EQ(pairs, parsedPairs) << text;
+        EXPECT_EQ(std::make_pair(command, pairs), std::make_pair(parsedCommand, parsedPairs)) << text;
     }
 }
 
@@ -147,11 +131,8 @@ TEST(MacroCommandStringTest, BuildsTheTablesSpellingAndQuotesValuesWithBlanks)
 {
     // clang-format off
     for (const auto& [command, pairs, text] : std::vector<std::tuple<Command_e, Pairs, std::string>>{
-        {C::OpenSettingsFile, {{FileName, "/my views.kf"}}, "OpenSettingsFile FileName=\"/my views.kf\""},
         {C::OpenSettingsFile, {{FileName, "/tmp/views.kf"}}, "OpenSettingsFile FileName=/tmp/views.kf"},
         {C::Animate, {}, "Animate"},
-        {C::OpenSettingsFile, {}, "OpenSettingsFile"},
-        {C::Animate, {{AnimationDestination, "ToFile"}}, "Animate AnimationDestination=ToFile"},
         {C::Animate, {{AnimationDestination, ""}}, "Animate AnimationDestination="},
         {C::Animate, {{AnimationDestination, " "}}, "Animate AnimationDestination=\" \""},
         {C::OpenSettingsFile, {{FileName, "a\tb=c"}}, "OpenSettingsFile FileName=a\tb=c"},
@@ -163,49 +144,6 @@ TEST(MacroCommandStringTest, BuildsTheTablesSpellingAndQuotesValuesWithBlanks)
     EXPECT_THROW(Manager.buildMacroCommandString(static_cast<Command_e>(2), {}), std::out_of_range);
     EXPECT_THROW(Manager.buildMacroCommandString(C::Animate, {{static_cast<Parameter_e>(-1), "x"}}),
                  std::out_of_range);
-}
-
-TEST(MacroCommandStringTest, ParsingWhatWasBuiltGivesBackEveryValueWithoutAQuotationMark)
-{
-    // Every byte but the quotation mark and the null character, the blank and "=" far more often than the
-    // rest.
-    std::string alphabet = std::string(20, ' ') + std::string(10, '=');
-    for (int byte = 1; byte < 256; ++byte)
-        if (byte != '"')
-            alphabet += static_cast<char>(byte);
-    std::mt19937 random(20240612);
-    std::uniform_int_distribution<std::size_t> pick(0, alphabet.size() - 1);
-    std::uniform_int_distribution<int> length(0, 12), count(0, 5), coin(0, 1);
-
-    std::vector<std::pair<Command_e, Pairs>> commands = {
-        {C::Animate, {}},
-        {C::OpenSettingsFile, {{FileName, ""}}},
-        {C::OpenSettingsFile, {{FileName, " "}, {FileName, "="}, {FileName, " = "}}},
-        {C::Animate, {{AnimationDestination, "a b"}, {FileName, ""}, {AnimationDestination, "a b"}}}};
-    for (int i = 0; i < 3000; ++i)
-    {
-        Pairs pairs;
-        for (int n = count(random); n > 0; --n)
-        {
-            std::string value;
-            for (int letters = length(random); letters > 0; --letters)
-                value += alphabet[pick(random)];
-            pairs.emplace_back(coin(random) ? FileName : AnimationDestination, value);
-        }
-        commands.emplace_back(coin(random) ? C::Animate : C::OpenSettingsFile, pairs);
-    }
-
-    int quoted = 0;
-    for (const auto& [command, pairs] : commands)
-    {
-        const std::string text = Manager.buildMacroCommandString(command, pairs);
-        quoted += text.find('"') != std::string::npos;
-        ExpectParsed(text, command, pairs);
-        if (::testing::Test::HasFailure())
-            break;
-    }
-    // The quoted form was exercised, not only the plain one.
-    EXPECT_GT(quoted, 1000);
 }
 
 TEST(MacroCommandStringTest, AnotherDelimiterSetSeparatesByAnyOfItsCharactersAndLeavesBlanksOrdinary)

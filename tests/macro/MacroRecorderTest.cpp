@@ -118,32 +118,27 @@ TEST_F(MacroRecorderTest, TheManagerRecordsIntoTheMacroAloneUnderItsOwnLockWhile
 
 TEST_F(MacroRecorderTest, ACompletedAnimationIsRecordedAsTheAnimateCommandWithItsDestination)
 {
-    using testhelpers::ViewAtX;
     const std::vector<KeyFrame_s> keyFrames =
-        testhelpers::MakeKeyFrames({{ViewAtX(0), 4}, {ViewAtX(40), 2}, {ViewAtX(60), 1}});
+        testhelpers::MakeKeyFrames({{testhelpers::ViewAtX(0), 2}, {testhelpers::ViewAtX(40), 1}});
     const testsupport::TempFolder folder("vantix-recorder");
-    const std::string movie = (folder.path() / "movie.rm").string();
-    const std::string animate = AddOnCommand + "'Animate AnimationDestination=";
-    for (const auto& [recording, option, destination, lines] :
-         std::vector<std::tuple<bool, MacroOption_e, Destination_e, Lines>>{
-             {true, RecordMacro, OnScreen, {animate + "OnScreen'"}},
-             {false, RecordMacro, OnScreen, {}},
-             {true, DoNotRecordMacro, OnScreen, {}},
-             {true, RecordMacro, ToFile, {animate + "ToFile'"}}})
+    vantix::host::setExportSetupFromText("ImageWidth", "32");
+    vantix::host::setExportSetupFromText("ExportFormat", "RASTERMETAFILE");
+    vantix::host::setExportSetupFromText("ExportFName", "\"" + (folder.path() / "movie.rm").string() + "\"");
+    Settings_s settings;
+    // clang-format off
+    for (const auto& [recording, option, destination] :
+         std::vector<std::tuple<bool, MacroOption_e, Destination_e>>{
+             {false, RecordMacro, OnScreen}, {true, DoNotRecordMacro, OnScreen},
+             {true, RecordMacro, OnScreen},
+             {true, RecordMacro, ToFile}})
+    // clang-format on
     {
-        SCOPED_TRACE(::testing::Message() << recording << option << destination);
-        vantix::host::reset();
-        vantix::host::addFrame();
-        vantix::host::setExportSetupFromText("ImageWidth", "32");
-        vantix::host::setExportSetupFromText("ExportFormat", "RASTERMETAFILE");
-        vantix::host::setExportSetupFromText("ExportFName", "\"" + movie + "\"");
         vantix::host::setMacroRecording(recording);
-        Settings_s settings;
         settings.destination = destination;
         Animate(keyFrames, 0, keyFrames.size(), settings, option);
-        // Every frame was drawn, or written into the movie.
-        EXPECT_EQ(7u, destination == OnScreen ? static_cast<std::size_t>(vantix::host::redrawCount())
-                                              : vantix::host::readRasterMetafile(movie).frames.size());
-        EXPECT_EQ(lines, vantix::host::recordedMacroLines());
     }
+    // Only those asked to be recorded while the host records are.
+    EXPECT_EQ((Lines{AddOnCommand + "'Animate AnimationDestination=OnScreen'",
+                     AddOnCommand + "'Animate AnimationDestination=ToFile'"}),
+              vantix::host::recordedMacroLines());
 }
