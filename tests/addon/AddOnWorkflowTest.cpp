@@ -87,7 +87,6 @@ TEST_F(AddOnWorkflowTest, ReplayedCommandsFailAsTheAddOnsMessageAndChangeNothing
         {"Animate AnimationDestination=Movie",
          "Invalid macro command: invalid value for parameter \"AnimationDestination\""},
         {"OpenSettingsFile FileName=none.keyframe", "Unable to open file for reading."},
-        {"Play", "Unknown macro command: Play"},
     };
     dialog().keyFrameModel().insertItem(0, KeyFrame_s(View(), "Kept", 5, 0.0));
     for (const auto& [command, message] : cases)

@@ -70,8 +70,9 @@ protected:
 
 // The format, the width choice and antialiasing grey out what they leave unused: the AVI compression, the
 // Flash options, the width field, the animation speed and the supersample factor, in this order. The image
-// size shown is the region's, or the entered width with the region's aspect.
-TEST_F(DialogExportOptionsTest, GreysOutWhatTheChoicesLeaveUnusedAndShowsTheImageSize)
+// size shown is the region's, or the entered width with the region's aspect. Help, Cancel, closing and a
+// cancelled file prompt apply nothing and run nothing.
+TEST_F(DialogExportOptionsTest, GreysOutWhatTheChoicesLeaveUnusedShowsTheImageSizeAndLeavesWithoutApplying)
 {
     setFramePlacement(addFrame(PlotType_Cartesian3D), {0.5, 2.0, 4.0, 6.0}); // both: 10.5 x 7 inches
     activateFrame(m_frame);
@@ -84,7 +85,6 @@ TEST_F(DialogExportOptionsTest, GreysOutWhatTheChoicesLeaveUnusedAndShowsTheImag
         {1, 1, false, 1, "10010", "Dimensions: 1000 x 667"},
         {2, 2, true, 1, "00111", "Dimensions: 640 x 426"},
         {3, 1, true, 2, "01011", "Dimensions: 1050 x 700"},
-        {4, 2, false, 2, "00110", "Dimensions: 640 x 426"},
         {5, 1, false, 3, "00000", "Dimensions: 1100 x 850"},
         {6, 2, true, 3, "00111", "Dimensions: 640 x 494"},
     };
@@ -109,6 +109,26 @@ TEST_F(DialogExportOptionsTest, GreysOutWhatTheChoicesLeaveUnusedAndShowsTheImag
     EXPECT_TRUE(enterText(Width_TF_D2, "3"));
     EXPECT_EQ((Texts{"Invalid input. Input must be a number between 4 and 32766.", "640"}),
               (Texts{errorMessages().back(), Shown(Width_TF_D2)}));
+
+    pressHelp(Dialog2Manager);
+    EXPECT_EQ("export_options.html", helpRequests().back().page);
+    setMacroRecording(true);
+    for (const auto& [wayOut, promptFirst] :
+         {std::make_pair(pressCancel, true), std::make_pair(closeDialog, false)})
+    {
+        Relaunch();
+        if (promptFirst)
+        {
+            scriptFileCancel();
+            pressOk(Dialog2Manager);
+            EXPECT_EQ((Ints{1, 1}), (Ints{guiElement(Dialog2Manager).up, lockDepth(AddOnID)}));
+        }
+        wayOut(Dialog2Manager);
+        EXPECT_EQ((Ints{0, 0}), (Ints{guiElement(Dialog2Manager).up, lockDepth(AddOnID)}));
+    }
+    EXPECT_THAT(m_lockDepthsInAction, IsEmpty());
+    EXPECT_EQ(0, callCount("VtxUtilExportSetup"));
+    EXPECT_THAT(recordedMacroLines(), IsEmpty());
 }
 
 TEST_F(DialogExportOptionsTest, ShowsTheHostsExportSetupWithinTheDialogsBounds)
@@ -121,7 +141,6 @@ TEST_F(DialogExportOptionsTest, ShowsTheHostsExportSetupWithinTheDialogsBounds)
         {"AVICompression", 2, AVICompression_OPT_D2, "2"},
         {"AVICompression", 0, AVICompression_OPT_D2, "2"}, // not offered either
         {"FlashImageType", 1, ImageType_OPT_D2, "2"},
-        {"UseSuperSampleAntiAliasing", true, Antialiasing_TOG_D2, "on"},
         {"FlashCompressionType", 1, Optimization_RADIO_D2, "2"},
         {"FlashCompressionType", 0, Optimization_RADIO_D2, "1"},
     };
@@ -144,7 +163,6 @@ TEST_F(DialogExportOptionsTest, OkWritesEveryChoiceToTheExportSetupRecordsItAndR
         {2, "flv", "FLV", true, false, {20, 0, 0, 0}, {}},
         {3, "swf", "FLASH", true, true, {17, 0, 2, 1}, {"FlashImageType = 256COLOR", "FlashCompressionType = SMALLESTSIZE"}},
         {4, "mp4", "MPEG4", false, true, {21, 0, 0, 0}, {}},
-        {5, "rm", "RASTERMETAFILE", true, false, {0, 0, 0, 0}, {}},
         {6, "wmv", "WMV", true, true, {22, 0, 0, 0}, {}},
         // clang-format on
     };
@@ -192,29 +210,6 @@ TEST_F(DialogExportOptionsTest, OkWritesEveryChoiceToTheExportSetupRecordsItAndR
         EXPECT_EQ(expectedSetup, setup) << keyword;
     }
     EXPECT_EQ(Ints(std::size(cases), 0), m_lockDepthsInAction);
-}
-
-TEST_F(DialogExportOptionsTest, HelpCancelAndACancelledFilePromptApplyNothingAndRunNothing)
-{
-    pressHelp(Dialog2Manager);
-    EXPECT_EQ("export_options.html", helpRequests().back().page);
-    setMacroRecording(true);
-    for (void (*const wayOut)(int) : {pressCancel, closeDialog})
-        for (const bool promptFirst : {false, true})
-        {
-            Relaunch();
-            if (promptFirst)
-            {
-                scriptFileCancel();
-                pressOk(Dialog2Manager);
-                EXPECT_EQ((Ints{1, 1}), (Ints{guiElement(Dialog2Manager).up, lockDepth(AddOnID)}));
-            }
-            wayOut(Dialog2Manager);
-            EXPECT_EQ((Ints{0, 0}), (Ints{guiElement(Dialog2Manager).up, lockDepth(AddOnID)}));
-        }
-    EXPECT_THAT(m_lockDepthsInAction, IsEmpty());
-    EXPECT_EQ(0, callCount("VtxUtilExportSetup"));
-    EXPECT_THAT(recordedMacroLines(), IsEmpty());
 }
 
 } // namespace

@@ -25,12 +25,12 @@ namespace
 {
 
 // Apply, Update and the name; Delete, Insert and the frame count; Animate Selected; Clear; Animate All;
-// capturing and the destination, for the key frames and the selection.
-TEST_F(DialogMainTest, SensitivityFollowsTheListAndTheSelection)
+// capturing and the destination, for the key frames and the selection; then the name and frame count shown.
+TEST_F(DialogMainTest, SensitivityAndFieldsFollowTheListAndTheSelection)
 {
     const std::tuple<unsigned long, std::vector<int>, std::string> cases[] = {
-        {0, {}, "000001"},  {1, {}, "000101"},     {1, {0}, "110101"},       {3, {}, "000111"},
-        {3, {1}, "110111"}, {3, {0, 2}, "011111"}, {3, {0, 1, 2}, "011111"},
+        {0, {}, "000001"},  {1, {}, "000101"},     {1, {1}, "110101"},       {3, {}, "000111"},
+        {3, {2}, "110111"}, {3, {1, 3}, "011111"}, {3, {1, 2, 3}, "011111"},
     };
     // clang-format off
     const std::vector<std::vector<int>> groups = {{Apply_BTN_D1, Update_BTN_D1, ViewName_TF_D1, ViewName_LBL_D1},
@@ -44,18 +44,16 @@ TEST_F(DialogMainTest, SensitivityFollowsTheListAndTheSelection)
         EXPECT_EQ(sensitive, Sensitivities(groups))
             << keyFrames << " key frames, " << selected.size() << " selected";
     }
-}
-
-TEST_F(DialogMainTest, ShowsTheFirstSelectedNameAndTheFrameCountTheSelectionShares)
-{
+    // The first selected name, and the frame count only when the selection shares it.
+    dialog().applyDataModel(ListModelKeyFrame());
     ShowKeyFrames({10, 20, 10, 0}, {});
-    const std::tuple<std::vector<int>, std::string, std::string> cases[] = {
+    const std::tuple<std::vector<int>, std::string, std::string> fields[] = {
         {{1, 2}, "K0", ""},
         {{1, 3}, "K0", "10"},
         {{4}, "K3", "1"}, // a count the field cannot hold: the nearest one it can
         {{}, "K3", "1"},  // nothing selected: the fields keep what they show
     };
-    for (const auto& [positions, name, frameCount] : cases)
+    for (const auto& [positions, name, frameCount] : fields)
     {
         selectListItems(KeyFrameList_MLST_D1, positions);
         runOnIdleUntilEmpty();
@@ -67,12 +65,12 @@ TEST_F(DialogMainTest, ShowsTheFirstSelectedNameAndTheFrameCountTheSelectionShar
 
 TEST_F(DialogMainTest, HelpsAndIsBuiltOnceKeepingKeyFramesSettingsAndDestinationAcrossCloseAndRelaunch)
 {
-    pressHelp(Dialog1Manager); // the add-on's own page
-    EXPECT_EQ(std::make_pair(std::string("key_frame_animation.html"), true),
+    pressHelp(Dialog1Manager);                                               // the add-on's own page
+    EXPECT_EQ(std::make_pair(std::string("key_frame_animation.html"), true), // shipped with the add-on
               std::make_pair(helpRequests().at(0).page, helpRequests().at(0).found));
     const GuiElement main = guiElement(Dialog1Manager);
     const std::size_t dialogCount = dialogs().size();
-    ShowKeyFrames({10, 20}, {1});
+    ShowKeyFrames({10, 20}, {2});
     chooseOption(Destination_OPT_D1, 2);
     EXPECT_EQ(ToFile, dialog().settings().destination);
     chooseMenuItem(MenuEntry("Fade &In"));

@@ -1,5 +1,6 @@
-// The time animation options dialog opened from the main dialog's menu: its layout, what it shows of the
-// settings, OK and Cancel, the cycle count's sensitivity and arrows, and the lock it holds while it is up.
+// The time animation options dialog opened from the main dialog's menu: what it shows of the settings, OK
+// and Cancel, the cycle count's sensitivity, arrows and bounds, help, and the lock it holds while it is up.
+// Its layout is in the main dialog's reference layouts.
 #include "gui/DialogTimeOptions.h"
 
 #include <support/MainDialogTest.h>
@@ -11,27 +12,15 @@ using ::testing::ElementsAre;
 namespace
 {
 
-class DialogTimeOptionsTest : public testsupport::DialogMainTest
-{
-protected:
-    void Open(const TimeAnimationOptions_s& options)
-    {
-        Settings_s settings;
-        settings.timeOptions = options;
-        dialog().applySettings(settings);
-        chooseMenuItem(MenuEntry("Time &Animation Options..."));
-        EXPECT_EQ(std::make_pair(true, 1), std::make_pair(guiElement(Dialog3Manager).up, lockDepth(AddOnID)));
-    }
-};
+using DialogTimeOptionsTest = testsupport::DialogMainTest;
 
-TEST_F(DialogTimeOptionsTest, ChangesTheSettingsOnOkOnlyInTheSameDialogEachTime)
+TEST_F(DialogTimeOptionsTest, ChangesTheSettingsOnOkOnlyAndOffersTheCycleCountForLoopAndBounce)
 {
     // The options shown, the radio button chosen (0: left as shown), the cycles typed, OK or Cancel, and the
     // options afterwards.
     const std::tuple<TimeAnimationOptions_s, int, std::string, bool, TimeAnimationOptions_s> cases[] = {
         {{false, Forward, 1}, 3, "3", true, {true, Bounce, 3}},
         {{false, Forward, 1}, 2, "7", false, {false, Forward, 1}},
-        {{true, Bounce, 4}, 1, "", false, {true, Bounce, 4}},
         {{false, AsCaptured, 5}, 1, "", true, {true, Forward, 5}},
         // 0 cycles are shown, and stored, as the least there is.
         {{true, Loop, 0}, 0, "", true, {true, Loop, 1}},
@@ -39,11 +28,15 @@ TEST_F(DialogTimeOptionsTest, ChangesTheSettingsOnOkOnlyInTheSameDialogEachTime)
     std::vector<int> controls; // the same every time
     for (const auto& [before, radioButton, cycles, ok, after] : cases)
     {
-        Open(before);
+        Settings_s settings;
+        settings.timeOptions = before;
+        dialog().applySettings(settings);
+        chooseMenuItem(MenuEntry("Time &Animation Options..."));
         controls = controls.empty() ? guiElement(Dialog3Manager).children : controls;
-        EXPECT_EQ(std::make_pair(controls, static_cast<int>(before.timeAnimationOperation) + 1),
-                  std::make_pair(guiElement(Dialog3Manager).children,
-                                 guiElement(animationOperation_RADIO_D3).choice));
+        EXPECT_EQ(std::make_tuple(controls, static_cast<int>(before.timeAnimationOperation) + 1, true, 1),
+                  std::make_tuple(guiElement(Dialog3Manager).children,
+                                  guiElement(animationOperation_RADIO_D3).choice,
+                                  guiElement(Dialog3Manager).up, lockDepth(AddOnID)));
         if (radioButton != 0)
             chooseRadioButton(animationOperation_RADIO_D3, radioButton);
         if (!cycles.empty())
@@ -56,12 +49,10 @@ TEST_F(DialogTimeOptionsTest, ChangesTheSettingsOnOkOnlyInTheSameDialogEachTime)
                                   now.timeAnimationOperation, now.numCycles,
                                   guiElement(MenuEntry("Animate &Time Concurrently")).on));
     }
-}
 
-TEST_F(DialogTimeOptionsTest, OffersTheCycleCountForLoopAndBounceOnlyAndStepsItByOne)
-{
-    Open({false, Forward, 1});
-    EXPECT_EQ("0", Sensitivities({{numCycles_TFS_D3, numCycles_LBL_D3}}));
+    // Opened on Loop with one cycle: the count is offered for Loop and Bounce only, and steps by one.
+    chooseMenuItem(MenuEntry("Time &Animation Options..."));
+    EXPECT_EQ("1", Sensitivities({{numCycles_TFS_D3, numCycles_LBL_D3}}));
     for (const int button : {1, 4, 3, 2})
     {
         chooseRadioButton(animationOperation_RADIO_D3, button);

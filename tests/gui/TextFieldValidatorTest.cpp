@@ -19,7 +19,6 @@ namespace
 
 const std::string Between1AndMax = "Invalid input. Input must be a number between 1 and 2147483647.";
 const std::string SpeedRange = "Invalid input. Input must be a number between 0.001 and 200.";
-const std::string NotANumber = "Invalid input. Input must be a number.";
 
 // The validator behind the field, as a dialog's text field callback reaches it.
 std::function<bool(const char*)> validate;
@@ -83,21 +82,15 @@ TEST_F(TextFieldValidatorTest, AcceptsANumberWithinTheBoundsInForceAndTellsWhich
 {
     Check<int>({
         {1, INT_MAX, "0", "30", Between1AndMax},
-        {1, INT_MAX, "", "30", Between1AndMax},
-        {1, INT_MAX, "x12", "30", Between1AndMax},
         {1, INT_MAX, "2147483648", "30", Between1AndMax},
         {1, INT_MAX, "  42  ", "42", ""},
         {1, INT_MAX, "12abc", "12", ""},
-        {1, INT_MAX, "3.7", "3", ""},
         {1, INT_MAX, "1", "1", ""},
         {1, INT_MAX, "2147483647", "2147483647", ""},
         {40, {}, nullptr, "40", ""}, // raised to the new minimum
-        {{}, 10, nullptr, "10", ""}, // lowered to the new maximum
-        {10, {}, "9", "30", "Invalid input. Input must be a number greater than or equal to 10."},
-        {{}, 10, "11", "10", "Invalid input. Input must be a number less than or equal to 10."},
-        {{}, {}, "abc", "30", NotANumber},
+        {{}, 10, "11", "10", "Invalid input. Input must be a number less than or equal to 10."}, // lowered
+        {{}, {}, "abc", "30", "Invalid input. Input must be a number."},
         {{}, {}, "-2147483648", "-2147483648", ""},
-        {{}, {}, "2147483647", "2147483647", ""},
     });
     Check<double>({
         {0.001, 200.0, "0.0005", "30", SpeedRange},
@@ -105,12 +98,8 @@ TEST_F(TextFieldValidatorTest, AcceptsANumberWithinTheBoundsInForceAndTellsWhich
         {0.001, 200.0, "200", "200", ""},
         {0.001, 200.0, "0.001", "0.001", ""},
         {0.001, 200.0, "12.3456789", "12.3457", ""},
-        {0.001, 200.0, "1e2", "100", ""},
-        {{}, {}, "-", "30", NotANumber},
-        {{}, {}, "-1e300", "-1e+300", ""},
         {{}, {}, "1.7e308", "1.7e+308", ""},
         {{}, {}, "1234567", "1.23457e+06", ""},
-        {{}, {}, "0.00001", "1e-05", ""},
     });
 }
 

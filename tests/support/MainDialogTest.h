@@ -40,16 +40,15 @@ protected:
 
     static DialogMain& dialog() { return DialogMain::instance(); }
 
-    // Key frames named "K0", "K1", ... with these frame counts, and the user's selection of them.
-    static void ShowKeyFrames(const std::vector<unsigned long>& frameCounts, const std::vector<int>& selected)
+    // Key frames named "K0", "K1", ... with these frame counts, and the user's selection of them (the list
+    // counts from 1).
+    static void ShowKeyFrames(const std::vector<unsigned long>& frameCounts,
+                              const std::vector<int>& positions)
     {
         kfa::ListModelKeyFrame& model = dialog().keyFrameModel();
         for (const unsigned long frameCount : frameCounts)
             model.insertItem(model.end(),
                              kfa::KeyFrame_s({}, "K" + std::to_string(model.size()), frameCount, 0.0));
-        std::vector<int> positions = selected; // the list counts from 1
-        for (int& position : positions)
-            ++position;
         if (!frameCounts.empty()) // an empty list is greyed out
             vantix::host::selectListItems(KeyFrameList_MLST_D1, positions);
         vantix::host::runOnIdleUntilEmpty();
