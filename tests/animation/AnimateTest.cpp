@@ -57,8 +57,6 @@ TEST_F(AnimateTest, WhateverWayItEndsTheAnimationPutsBackWhatItChangedAndOnlyACo
     const std::tuple<const char*, int, MacroOption_e, bool, bool, long, int, int> cases[] = {
         // While recording, the macro recorder that takes the command asks once more.
         {"completed and recorded", 0, RecordMacro, true, true, 2, 16, 15},
-        {"completed, nothing recording", 0, RecordMacro, false, false, 1, 16, 15},
-        {"completed, not to be recorded", 0, DoNotRecordMacro, true, true, 0, 16, 15},
         // The frame during which the cancel was asked is drawn in full, then the scene once more.
         {"canceled at the fourth frame", fourthFrame, RecordMacro, true, false, 0, 5, 3},
         {"canceled while the views are computed", computing, RecordMacro, true, true, 0, 0, -1},
@@ -116,9 +114,7 @@ TEST_F(AnimateTest, FailuresComeToTheUserAsTheirMessageBeforeAnythingIsStartedOr
     // clang-format off
     const Case cases[] = {
         {PlotType_Cartesian2D, KeyFrames, 0, 3, Settings_s(), NotIn3DMessage, -1},
-        {PlotType_Sketch, KeyFrames, 0, 3, Settings_s(), NotIn3DMessage, -1},
         {PlotType_Cartesian3D, one, 0, 1, Settings_s(), TooFewKeyFramesMessage, -1},
-        {PlotType_Cartesian3D, one, 0, 1, Everything(ToFile), TooFewKeyFramesMessage, -1},
         {PlotType_Cartesian3D, {}, 0, 0, Everything(), TooFewKeyFramesMessage, -1},
         // Too many frames for memory, and a range of frames that does not exist: a span or a first key
         // frame past the end.
