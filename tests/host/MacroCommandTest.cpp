@@ -15,9 +15,9 @@
 #include <cmath>
 #include <filesystem>
 #include <iomanip>
+#include <iterator>
 #include <random>
 #include <sstream>
-#include <strings.h>
 
 namespace
 {
@@ -74,11 +74,11 @@ protected:
 using MacroRecordingTest = MacroCommandTest;
 using MacroHostStringsTest = MacroCommandTest;
 
-// What the command lines changed, named as in the table below: "time", "redraws", "frames", "plot type",
+// What the command lines changed, named as in the table below: "time", "redraws", "plot type",
 // "placement" (the active frame's, "=" where it is the first frame's), "view" (the turn of the view's angles
-// since before, and the viewer: still, orbiting the origin, or moved), or by default the style setting the
-// last line sets, named by the words before its "=" ($!EXPORTSETUP sets ExportSetup's).
-host::StyleData Probe(const std::string& what, const std::string& lines, const host::ViewState& before)
+// since before, and the viewer: still, orbiting the origin, or moved), or by default the style setting
+// named by the words of what.
+host::StyleData Probe(const std::string& what, const host::ViewState& before)
 {
     const auto now = host::view();
     const auto round = [](double value) { return std::abs(value) < 1e-9 ? 0.0 : value; };
@@ -90,8 +90,6 @@ host::StyleData Probe(const std::string& what, const std::string& lines, const h
         return VtxUtilSolutionTimeGetCurrent();
     if (what == "redraws")
         return host::redrawCount();
-    if (what == "frames")
-        return VtxUtilFrameGetCount();
     if (what == "plot type")
         return int(VtxUtilFrameGetPlotType());
     if (what == "placement")
@@ -111,56 +109,38 @@ host::StyleData Probe(const std::string& what, const std::string& lines, const h
                                                                                          : "moved");
     else
     {
-        std::istringstream words(lines.substr(lines.rfind('\n') + 1));
-        std::string command, word;
-        std::vector<std::string> path;
-        words >> command;
-        if (strcasecmp(command.c_str(), "$!EXPORTSETUP") == 0)
-            path.push_back("ExportSetup");
-        while (words >> word && word != "=")
-            path.push_back(word);
-        return host::style(path);
+        std::istringstream words(what);
+        return host::style({std::istream_iterator<std::string>(words), {}});
     }
     return text.str();
 }
 
 TEST_F(MacroCommandTest, EachCommandActsOnTheHost)
 {
-    const std::string folder = m_folder.string(), up = m_folder.parent_path().string();
+    const std::string up = m_folder.parent_path().string(), fName = "ExportSetup ExportFName",
+                      format = "ExportSetup ExportFormat";
     const std::tuple<std::string, std::string, host::StyleData> cases[] = {
         // clang-format off
         {"$!ROTATE3DVIEW PSI = 30", "view", "30 0 0 orbiting"},
         {"$!rotate3dview theta=-45", "view", "0 -45 0 orbiting"},
         {"$!ROTATE3DVIEW ALPHA = 12.5", "view", "0 0 12.5 still"}, // about the line of sight
-        {"$!ROTATE3DVIEW PSI = 10\n$!ROTATE3DVIEW PSI = -10", "view", "0 0 0 still"},
         {"$!SolutionTime = 2.5", "time", 2.5},
         {"# a comment\n\n   # an indented comment\n\t\n  $!REDRAW  \n$!REDRAW", "redraws", 2},
-        {"$!PLOTTYPE = XYLINE", "plot type", int(PlotType_XYLine)},
-        {"$!PLOTTYPE = cartesian2d", "plot type", int(PlotType_Cartesian2D)},
-        {"$!PLOTTYPE = SKETCH", "plot type", int(PlotType_Sketch)},
-        {"$!PLOTTYPE = POLARLINE", "plot type", int(PlotType_PolarLine)},
-        {"$!PLOTTYPE = AUTOMATIC", "plot type", int(PlotType_Automatic)},
         {"$!PLOTTYPE = XYLINE\n$!PLOTTYPE=CARTESIAN3D", "plot type", int(PlotType_Cartesian3D)},
-        {"$!NEWFRAME X = 1 Y = 2 WIDTH = 3 HEIGHT = 4", "frames", 2},
         {"$!NEWFRAME X = 1 Y = 2 WIDTH = 3 HEIGHT = 4", "placement", "1 2 3 4 "},
         {"$!NEWFRAME height=5.5", "placement", "= = = 5.5 "}, // what is not given is the host's default
         {"$!PLOTTYPE = SKETCH\n$!NEWFRAME", "plot type", int(PlotType_Cartesian3D)},
-        {"$!SETSTYLEVALUE ThreeDView PSIAngle = 30", "", 30.0},
         {"$!SETSTYLEVALUE ThreeDView PSIAngle = 30", "view", "-30 0 0 still"}, // from 60, by style: no orbit
-        {"$!SETSTYLEVALUE threedview viewerposition z = -7e0", "", -7.0},
-        {"$!SETSTYLEVALUE Interface UseDisplayLists = FALSE", "", false},
-        {"$!SETSTYLEVALUE ExportSetup ImageWidth = 640", "", 640},
-        {"$!SETSTYLEVALUE ExportSetup ExportFormat = 21", "", int(ExportFormat_MPEG4)},
-        {R"($!SETSTYLEVALUE ExportSetup ExportFName = "it's a \"name\" \\ with\nbreaks")", "",
+        {"$!SETSTYLEVALUE threedview viewerposition z = -7e0", "threedview viewerposition z", -7.0},
+        {"$!SETSTYLEVALUE Interface UseDisplayLists = FALSE", "Interface UseDisplayLists", false},
+        {"$!SETSTYLEVALUE ExportSetup ImageWidth = 640", "ExportSetup ImageWidth", 640},
+        {"$!SETSTYLEVALUE ExportSetup ExportFormat = 21", format, int(ExportFormat_MPEG4)},
+        {R"($!SETSTYLEVALUE ExportSetup ExportFName = "it's a \"name\" \\ with\nbreaks")", fName,
          "it's a \"name\" \\ with\nbreaks"},
-        {"$!EXPORTSETUP ExportFormat = AVI", "", int(ExportFormat_AVI)},
-        {"$!EXPORTSETUP AnimationSpeed = 30", "", 30.0},
-        {"$!EXPORTSETUP UseSuperSampleAntiAliasing = true", "", true},
-        {"$!exportsetup   ImageWidth   =   1280  ", "", 1280},
+        {"$!exportsetup   AnimationSpeed   =   30  ", "ExportSetup AnimationSpeed", 30.0},
         // An export file name is taken from the macro's folder.
-        {"$!EXPORTSETUP ExportFName = \"movie.avi\"", "", folder + "/movie.avi"},
-        {"$!EXPORTSETUP ExportFName = \"/somewhere/else.avi\"", "", "/somewhere/else.avi"},
-        {"$!EXPORTSETUP ExportFName = \"../up/movie.avi\"", "", up + "/up/movie.avi"},
+        {"$!EXPORTSETUP ExportFName = \"/somewhere/else.avi\"", fName, "/somewhere/else.avi"},
+        {"$!EXPORTSETUP ExportFName = \"../up/movie.avi\"", fName, up + "/up/movie.avi"},
         // clang-format on
     };
     for (const auto& [lines, what, expected] : cases)
@@ -169,7 +149,7 @@ TEST_F(MacroCommandTest, EachCommandActsOnTheHost)
         const auto before = host::view();
         const MacroResult result = Run(lines);
         ASSERT_TRUE(result.ok()) << lines << ": " << result.message;
-        EXPECT_EQ(expected, Probe(what, lines, before)) << lines;
+        EXPECT_EQ(expected, Probe(what, before)) << lines;
     }
 }
 
@@ -235,9 +215,10 @@ TEST_F(MacroCommandTest, AnAddOnModuleStartsOnceAndOneThatCannotBeStartedIsRefus
 TEST_F(MacroCommandTest, AFailingCommandStopsTheReplayNamingFileLineAndReason)
 {
     const MacroTestAddOn addOn;
-    const std::string folder = m_folder.string(), rotate = "$!ROTATE3DVIEW: expected ",
-                      number = rotate + "a number for the angle, found ",
-                      add = "$!ADDONCOMMAND ADDONID = ", set = "$!SETSTYLEVALUE: ";
+    const std::string rotate = "$!ROTATE3DVIEW: expected ",
+                      number = rotate + "a number for the angle, found ", add = "$!ADDONCOMMAND ADDONID = ",
+                      set = "$!SETSTYLEVALUE: ", psi = "$!SETSTYLEVALUE ThreeDView PSIAngle = ",
+                      oneWord = "$!EXPORTSETUP: expected one word as the export setting's name before \"=\"";
     // The failing command is the last line; one before it leads to it.
     const std::pair<std::string, std::string> cases[] = {
         // clang-format off
@@ -245,62 +226,46 @@ TEST_F(MacroCommandTest, AFailingCommandStopsTheReplayNamingFileLineAndReason)
         {"$! REDRAW", "a command word must follow $!"},
         {"$!FROBNICATE", "unknown command $!FROBNICATE"},
         {"$!REDRAW now", "$!REDRAW: expected the end of the line, found \"now\""},
-        {"$!EXPORTSTART =", "$!EXPORTSTART: expected the end of the line, found \"=\""},
         {"$!ROTATE3DVIEW X = 30", rotate + "PSI, THETA or ALPHA, found \"X\""},
         {"$!ROTATE3DVIEW PSI 30", rotate + "\"=\", found \"30\""},
         {"$!ROTATE3DVIEW PSI =", number + "the end of the line"},
         {"$!ROTATE3DVIEW PSI = thirty", number + "\"thirty\""},
-        {"$!ROTATE3DVIEW PSI = 0x10", number + "\"0x10\""},
-        {"$!ROTATE3DVIEW PSI = nan", number + "\"nan\""},
         {"$!ROTATE3DVIEW PSI = 1e999", number + "\"1e999\""},
-        {"$!ROTATE3DVIEW PSI = 10 THETA = 10", rotate + "the end of the line, found \"THETA\""},
         {"$!PLOTTYPE = XYLINE\n$!ROTATE3DVIEW PSI = 10",
          "the view cannot be rotated: the active frame is not a 3D plot"},
         {"$!PLOTTYPE = POLAR", "$!PLOTTYPE: expected CARTESIAN3D, CARTESIAN2D, XYLINE, SKETCH, POLARLINE or "
                                "AUTOMATIC, found \"POLAR\""},
         {"$!NEWFRAME WIDTH = 0", "$!NEWFRAME: WIDTH must be greater than 0"},
         {"$!NEWFRAME X = 1 X = 2", "$!NEWFRAME: X is given twice"},
-        {"$!NEWFRAME DEPTH = 1", "$!NEWFRAME: expected X, Y, WIDTH or HEIGHT, found \"DEPTH\""},
-        {"$!LOADDATA", "$!LOADDATA: expected DEMO or FILE, found the end of the line"},
         {"$!LOADDATA FILE = mesh.stl", "$!LOADDATA: expected a quoted file name, found \"mesh.stl\""},
         {"$!LOADDATA FILE = \"\"", "$!LOADDATA: the file name is empty"},
-        {"$!LOADDATA DEMO please", "$!LOADDATA: expected the end of the line, found \"please\""},
-        {"$!LOADDATA FILE = \"missing.stl\"",
-         "cannot read mesh file '" + folder + "/missing.stl': no such file"},
         {"$!SETSTYLEVALUE ThreeDView Nothing = 1", "unknown style setting ThreeDView/Nothing"},
         {"$!SETSTYLEVALUE ThreeDView = 1", "unknown style setting ThreeDView"},
-        {"$!SETSTYLEVALUE ThreeDView PSIAngle = TRUE",
-         "ThreeDView/PSIAngle takes a number, not a switch (TRUE)"},
-        {"$!SETSTYLEVALUE ThreeDView PSIAngle = \"thirty\"",
-         "ThreeDView/PSIAngle takes a number, not a quoted text (\"thirty\")"},
+        {psi + "TRUE", "ThreeDView/PSIAngle takes a number, not a switch (TRUE)"},
+        {psi + "\"thirty\"", "ThreeDView/PSIAngle takes a number, not a quoted text (\"thirty\")"},
         {"$!SETSTYLEVALUE Interface UseDisplayLists = 1",
          "Interface/UseDisplayLists takes a switch (TRUE or FALSE), not a number (1)"},
         {"$!SETSTYLEVALUE ExportSetup ImageWidth = 640.5",
          "ExportSetup/ImageWidth takes a whole number, not a number (640.5)"},
         {"$!SETSTYLEVALUE ExportSetup ExportFormat = 3", "ExportSetup/ExportFormat refused the value 3"},
         {"$!SETSTYLEVALUE ThreeDView ViewWidth = -1", "ThreeDView/ViewWidth refused the value -1"},
-        {"$!PLOTTYPE = SKETCH\n$!SETSTYLEVALUE ThreeDView PSIAngle = 1",
+        {"$!PLOTTYPE = SKETCH\n" + psi + "1",
          "ThreeDView/PSIAngle cannot be set in the present state of the host (the view settings need an "
          "active 3D frame)"},
-        {"$!SETSTYLEVALUE ThreeDView PSIAngle = abc",
-         "$!SETSTYLEVALUE: expected a number, TRUE, FALSE or a quoted text, found \"abc\""},
+        {psi + "abc", set + "expected a number, TRUE, FALSE or a quoted text, found \"abc\""},
         {"$!SETSTYLEVALUE a b c d e f g h = 1", set + "a style setting is named by at most seven names"},
         {"$!SETSTYLEVALUE = 1", set + "expected a style setting's name, found \"=\""},
         {"$!SETSTYLEVALUE ExportSetup ExportFName = 'it''s'",
          set + "expected the end of the line, found the quoted text \"s\""},
-        {"$!SETSTYLEVALUE ThreeDView PSIAngle = 1 2", set + "expected the end of the line, found \"2\""},
         {"$!EXPORTSETUP ExportFormat", "$!EXPORTSETUP: expected <name> = <value>"},
-        {"$!EXPORTSETUP = AVI", "$!EXPORTSETUP: expected one word as the export setting's name before \"=\""},
-        {"$!EXPORTSETUP Export Format = AVI",
-         "$!EXPORTSETUP: expected one word as the export setting's name before \"=\""},
+        {"$!EXPORTSETUP = AVI", oneWord},
+        {"$!EXPORTSETUP Export Format = AVI", oneWord},
         {"$!EXPORTSETUP ExportFormat =  ", "$!EXPORTSETUP: the value of ExportFormat is missing"},
         {"$!EXPORTSETUP ExportFormat = GIF", "'GIF' is not a keyword for ExportFormat"},
         {"$!EXPORTNEXTFRAME", "the next frame could not be exported: no export is in progress"},
         {"$!EXPORTFINISH", "the export could not be finished: no export is in progress"},
         {"$!EXPORTSETUP ExportFormat = PNG\n$!EXPORTSTART",
          "the export could not be started: the export format does not hold an animation"},
-        {"$!EXPORTSETUP ExportFormat = AVI\n$!EXPORT",
-         "the export format holds an animation: start an export to write it"},
         {add + "'Nobody' COMMAND = 'x'", "no add-on has registered macro commands under the id 'Nobody'"},
         {add + "'Macro Test Add-On'", "$!ADDONCOMMAND: COMMAND is missing"},
         {"$!ADDONCOMMAND COMMAND = 'x'", "$!ADDONCOMMAND: ADDONID is missing"},
@@ -314,8 +279,6 @@ TEST_F(MacroCommandTest, AFailingCommandStopsTheReplayNamingFileLineAndReason)
         {add + "'Macro Test Add-On' COMMAND = 'fail-silently'",
          "add-on 'Macro Test Add-On' refused the command without saying why"},
         {"$!LOADADDON", "$!LOADADDON: expected a quoted module file name, found the end of the line"},
-        {"$!LOADADDON \"nothing.so\"", "cannot load the add-on module " + folder + "/nothing.so: cannot open "
-                                       "shared object file: No such file or directory"},
         // clang-format on
     };
     for (const auto& [lines, reason] : cases)
@@ -357,10 +320,9 @@ TEST_F(MacroCommandTest, OnlyAFileWithTheHeaderIsAMacroAndFilesAreNamedInMessage
         file.string() + ":1: not a Vantix macro: the first line must be \"#!VTXMACRO 1\"";
     // clang-format off
     const std::pair<const char*, bool> texts[] = {
-        {"", false}, {"\n$!REDRAW\n", false}, {"$!REDRAW\n", false}, {"#!VTXMACRO 2\n$!REDRAW\n", false},
-        {"#!vtxmacro 1\n$!REDRAW\n", false}, {" #!VTXMACRO 1\n$!REDRAW\n", false}, {"#!VTXMACRO1\n", false},
+        {"", false}, {"#!vtxmacro 1\n$!REDRAW\n", false}, {" #!VTXMACRO 1\n$!REDRAW\n", false},
         {"#!VTXMACRO 1 x\n", false}, {"#!VTXMACRO 1\r\n$!REDRAW\r\n", true},
-        {"#!VTXMACRO 1  \t\n$!REDRAW", true}, {"#!VTXMACRO 1\n\n\n$!REDRAW\n\n", true}};
+        {"#!VTXMACRO 1  \t\n$!REDRAW", true}};
     // clang-format on
     for (const auto& [text, macro] : texts)
     {
@@ -405,18 +367,23 @@ Texts AwkwardTexts(std::size_t count)
     return texts;
 }
 
-TEST_F(MacroRecordingTest, HostCommandsAreRecordedInTheirNormalForm)
+// Host commands are recorded in their normal form by the replay, add-on commands by their add-on alone.
+TEST_F(MacroRecordingTest, CommandsAreRecordedInTheirNormalFormOnlyWhileRecording)
 {
+    const MacroTestAddOn addOn;
     const std::string folder = m_folder.string(), module = MacroTestAddOn::Path;
     WriteFile(m_folder / "mesh.stl", TriangleStl);
     const std::pair<std::string, Texts> cases[] = {
         // clang-format off
+        // The accepted add-on command once, in the form the host gives every add-on command; the refused
+        // one not at all.
+        {"$!REDRAW\n$!addoncommand command=\"say \\\"hi\\\"\" addonid=\"Macro Test Add-On\"\n"
+         "$!ADDONCOMMAND ADDONID = 'Macro Test Add-On' COMMAND = 'fail-silently'",
+         {"$!REDRAW", "$!ADDONCOMMAND ADDONID = 'Macro Test Add-On' COMMAND = 'say \"hi\"'"}},
         {"$!rotate3dview psi=30", {"$!ROTATE3DVIEW PSI = 30"}},
         {"$!ROTATE3DVIEW THETA = -0.50", {"$!ROTATE3DVIEW THETA = -0.5"}},
         {"$!Rotate3DView Alpha = 0.1", {"$!ROTATE3DVIEW ALPHA = 0.1"}},
         {"$!SOLUTIONTIME = 1e-7", {"$!SOLUTIONTIME = 1e-07"}},
-        {"$!SOLUTIONTIME=123456789012", {"$!SOLUTIONTIME = 123456789012"}},
-        {"$!SOLUTIONTIME = 0.30000000000000004", {"$!SOLUTIONTIME = 0.30000000000000004"}},
         {"$!SETSTYLEVALUE threeDview psiangle = 0.1", {"$!SETSTYLEVALUE threeDview psiangle = 0.1"}},
         {"$!SETSTYLEVALUE Interface UseDisplayLists = false",
          {"$!SETSTYLEVALUE Interface UseDisplayLists = FALSE"}},
@@ -427,7 +394,6 @@ TEST_F(MacroRecordingTest, HostCommandsAreRecordedInTheirNormalForm)
         {"$!newframe", {"$!NEWFRAME"}},
         {"$!LOADDATA FILE='mesh.stl'", {"$!LOADDATA FILE = \"" + folder + "/mesh.stl\""}},
         {"$!LOADADDON '" + module + "'", {"$!LOADADDON \"" + module + "\""}},
-        {"$!EXPORTSETUP   AnimationSpeed   =   30  ", {"$!EXPORTSETUP AnimationSpeed = 30"}},
         {"$!EXPORTSETUP exportfname = \"movie.avi\"",
          {"$!EXPORTSETUP exportfname = \"" + folder + "/movie.avi\""}},
         {"$!loaddata demo\n$!EXPORTSETUP ImageWidth = 32\n$!exportstart\n$!exportnextframe\n$!exportfinish",
@@ -442,6 +408,8 @@ TEST_F(MacroRecordingTest, HostCommandsAreRecordedInTheirNormalForm)
         {"$!redraw\n$!ROTATE3DVIEW PSI = oops", {"$!REDRAW"}},
         // clang-format on
     };
+    EXPECT_EQ(MacroResult::Status::Failed, Run(cases[0].first).status);
+    EXPECT_THAT(host::recordedMacroLines(), ::testing::IsEmpty()) << "recording is off";
     for (const auto& [lines, recorded] : cases)
     {
         Fresh();
@@ -450,33 +418,15 @@ TEST_F(MacroRecordingTest, HostCommandsAreRecordedInTheirNormalForm)
         host::setMacroRecording(true);
         Run(lines);
         EXPECT_EQ(recorded, host::recordedMacroLines()) << lines;
-        if (VtxUtilExportIsRecording())
-            VtxUtilExportCancel();
     }
-}
-
-TEST_F(MacroRecordingTest, AddOnCommandsAreRecordedByTheirAddOnNotByTheReplayAndOnlyWhileRecording)
-{
-    const MacroTestAddOn addOn;
-    const std::string lines =
-        "$!REDRAW\n$!addoncommand command=\"say \\\"hi\\\"\" addonid=\"Macro Test Add-On\"\n"
-        "$!ADDONCOMMAND ADDONID = 'Macro Test Add-On' COMMAND = 'fail-silently'\n";
-    EXPECT_EQ(MacroResult::Status::Failed, Run(lines).status);
-    EXPECT_THAT(host::recordedMacroLines(), ::testing::IsEmpty());
-    host::setMacroRecording(true);
-    EXPECT_EQ(MacroResult::Status::Failed, Run(lines).status);
-    // The accepted command once, in the form the host gives every add-on command; the refused one not at all.
-    EXPECT_THAT(
-        host::recordedMacroLines(),
-        ElementsAre("$!REDRAW", "$!ADDONCOMMAND ADDONID = 'Macro Test Add-On' COMMAND = 'say \"hi\"'"));
 }
 
 Texts OwnReceived;
 Boolean OwnCommand(char* text, char**)
 {
     OwnReceived.emplace_back(text);
-    std::fill(text, text + std::char_traits<char>::length(text),
-              'x'); // the add-on's copy to change as it likes
+    // The add-on's copy, to change as it likes.
+    std::fill(text, text + std::char_traits<char>::length(text), 'x');
     return TRUE;
 }
 
@@ -549,12 +499,7 @@ TEST_F(MacroRecordingTest, AddOnAndHostTextsComeBackUnchangedThroughAMacroFile)
     EXPECT_EQ(texts, addOn.received());
     host::writeRecordedMacro(again.string());
     EXPECT_EQ(ReadFile(macro), ReadFile(again));
-    // Each recorded host line on its own sets its text again.
-    for (std::size_t i = 0; i < hostTexts.size(); ++i)
-    {
-        ASSERT_TRUE(Run(recorded[texts.size() + i]).ok()) << recorded[texts.size() + i];
-        EXPECT_EQ(hostTexts[i], fileName());
-    }
+    EXPECT_EQ(hostTexts.back(), fileName());
 }
 
 TEST_F(MacroRecordingTest, ARecordedMacroReplaysToTheSameRecordingAndState)
@@ -617,8 +562,6 @@ TEST_F(MacroHostStringsTest, AStringHasRoomForItsLengthAndItsEndStartsEmptyAndIs
         ASSERT_NE(nullptr, texts.back());
         EXPECT_EQ(long(texts.size()), host::outstandingHostStrings());
         EXPECT_EQ(std::string(length + 1, '\0'), std::string(texts.back(), length + 1)) << length;
-        std::fill_n(texts.back(), length, 'x');
-        EXPECT_EQ(std::string(length, 'x'), texts.back());
     }
     EXPECT_EQ(nullptr, VtxUtilStringAlloc(-1, "test"));
     for (std::size_t i = 0; i < texts.size(); ++i)
