@@ -20,141 +20,99 @@ using testsupport::TempFolder;
 using testsupport::WriteFile;
 using Kind = vantix::host::UserMessage::Kind;
 
-class DialogMessagesTest : public testsupport::HostTest
-{
-protected:
-    // The file dialog as the add-on's current file manager calls it, with the name released.
-    static std::optional<std::string> AskForFile(SelectFileOption_e option)
-    {
-        char* name = reinterpret_cast<char*>(&option); // must be overwritten
-        std::optional<std::string> chosen;
-        if (VtxUtilDialogGetFileName(option, &name, "Key Frame Animation", "animation.keyframe",
-                                     "*.keyframe"))
-            chosen = name;
-        EXPECT_EQ(chosen.has_value(), host::outstandingHostStrings() == 1);
-        EXPECT_EQ(chosen.has_value(), name != nullptr);
-        VtxUtilStringDealloc(&name);
-        return chosen;
-    }
-};
+using DialogMessagesTest = testsupport::HostTest;
 
-TEST_F(DialogMessagesTest, ErrorMessagesAreLoggedInOrder)
+TEST_F(DialogMessagesTest, ErrorMessagesAreLoggedAndWrittenToStandardErrorAndAResetForgetsThem)
 {
     VtxUtilDialogErrMsg("No Key Frames established.");
-    VtxUtilDialogErrMsg("Selected items must be a continuous range.");
+    testing::internal::CaptureStderr();
+    VtxUtilDialogErrMsg("Invalid input.\nInput must be a number.");
+    EXPECT_EQ("vantix: error: Invalid input.\n    Input must be a number.\n",
+              testing::internal::GetCapturedStderr());
     EXPECT_THAT(host::errorMessages(),
-                ElementsAre("No Key Frames established.", "Selected items must be a continuous range."));
-    EXPECT_EQ(Kind::ErrorMessage, host::userMessages().at(0).kind);
-    host::clearUserMessages();
-    EXPECT_THAT(host::userMessages(), IsEmpty());
-    EXPECT_EQ(2, host::callCount("VtxUtilDialogErrMsg"));
-}
-
-TEST_F(DialogMessagesTest, MessageBoxesAnswerFromTheScriptOrAsTheAbsentUserWould)
-{
-    const std::tuple<MessageBoxType_e, std::optional<bool>, bool> cases[] = {
-        {MessageBoxType_Information, std::nullopt, true},
-        {MessageBoxType_Warning, std::nullopt, true},
-        {MessageBoxType_Error, std::nullopt, true},
-        {MessageBoxType_YesNo, true, true},
-        {MessageBoxType_YesNo, false, false},
-        {MessageBoxType_YesNo, std::nullopt, false},
-        {MessageBoxType_Question, true, true},
-        {MessageBoxType_Question, std::nullopt, false},
-    };
-    for (const auto& [type, scripted, answer] : cases)
-    {
-        host::clearUserMessages();
-        if (scripted)
-            host::scriptAnswer(*scripted);
-        EXPECT_EQ(answer, bool(VtxUtilDialogMessageBox("Are you sure?", type)));
-        ASSERT_THAT(host::userMessages(), SizeIs(1));
-        const host::UserMessage m = host::userMessages()[0];
-        EXPECT_EQ(std::make_tuple(Kind::MessageBox, std::string("Are you sure?"), type, answer,
-                                  scripted.has_value()),
-                  std::make_tuple(m.kind, m.text, m.boxType, m.answer, m.scripted))
-            << type;
-        EXPECT_EQ(0u, host::pendingScriptedAnswers());
-    }
-}
-
-TEST_F(DialogMessagesTest, NoticesDoNotUseTheScriptedAnswers)
-{
-    host::scriptAnswer(false);
-    host::scriptAnswer(true);
-    EXPECT_TRUE(
-        VtxUtilDialogMessageBox("The current data set is not transient.", MessageBoxType_Information));
-    EXPECT_EQ(2u, host::pendingScriptedAnswers());
-    EXPECT_FALSE(VtxUtilDialogMessageBox("Overwrite?", MessageBoxType_YesNo));
-    EXPECT_TRUE(VtxUtilDialogMessageBox("Keep the extension?", MessageBoxType_YesNo));
-    EXPECT_EQ(0u, host::pendingScriptedAnswers());
-}
-
-TEST_F(DialogMessagesTest, FileDialogsHandBackTheScriptedNamesInHostStrings)
-{
-    host::scriptFileName("/tmp/run1");
-    host::scriptFileCancel();
-    host::scriptFileName("with blanks and 'quotes'.keyframe");
-    host::scriptAnswer(true); // questions have their own script
-    EXPECT_EQ(4u, host::pendingScriptedAnswers());
-    // clang-format off
-    const std::tuple<SelectFileOption_e, std::optional<std::string>, bool> cases[] = {
-        {SelectFileOption_WriteFile, "/tmp/run1", true},
-        {SelectFileOption_ReadSingleFile, std::nullopt, true},
-        {SelectFileOption_ReadSingleFile, "with blanks and 'quotes'.keyframe", true},
-        {SelectFileOption_WriteFile, std::nullopt, false}, // nothing scripted: the user is not there
-    };
-    // clang-format on
-    for (const auto& [option, chosen, scripted] : cases)
-    {
-        host::clearUserMessages();
-        EXPECT_EQ(chosen, AskForFile(option));
-        const host::UserMessage m = host::userMessages().at(0);
-        EXPECT_EQ(
-            std::make_tuple(Kind::FileDialog, option, chosen.has_value(), scripted, chosen.value_or("")),
-            std::make_tuple(m.kind, m.fileOption, m.answer, m.scripted, m.fileName));
-        EXPECT_EQ(std::make_tuple("Key Frame Animation", "animation.keyframe", "*.keyframe"),
-                  std::make_tuple(m.fileTypeName, m.defaultFileName, m.filter));
-    }
-    EXPECT_EQ(1u, host::pendingScriptedAnswers());
-}
-
-TEST_F(DialogMessagesTest, AResetForgetsTheScriptAndTheLog)
-{
+                ElementsAre("No Key Frames established.", "Invalid input.\nInput must be a number."));
+    EXPECT_EQ(std::make_pair(Kind::ErrorMessage, 2L),
+              std::make_pair(host::userMessages().at(0).kind, host::callCount("VtxUtilDialogErrMsg")));
     host::scriptAnswer(true);
     host::scriptFileName("x");
-    VtxUtilDialogErrMsg("old");
     host::reset();
     EXPECT_EQ(0u, host::pendingScriptedAnswers());
     EXPECT_THAT(host::userMessages(), IsEmpty());
     EXPECT_FALSE(VtxUtilDialogMessageBox("Yes?", MessageBoxType_YesNo));
 }
 
-TEST_F(DialogMessagesTest, EveryMessageAndAnswerIsWrittenToStandardError)
+TEST_F(DialogMessagesTest, MessageBoxesAnswerFromTheScriptOrAsTheAbsentUserWould)
 {
-    host::scriptAnswer(true);
-    host::scriptFileName("out.avi");
-    testing::internal::CaptureStderr();
-    VtxUtilDialogErrMsg("Invalid input.\nInput must be a number.");
-    VtxUtilDialogMessageBox("Neither markers nor dashes.", MessageBoxType_Information);
-    VtxUtilDialogMessageBox("Overwrite it?", MessageBoxType_YesNo);
-    VtxUtilDialogMessageBox("Go on?", MessageBoxType_Question);
-    char* name = nullptr;
-    VtxUtilDialogGetFileName(SelectFileOption_WriteFile, &name, "Movie", "export.avi", "*.avi");
-    VtxUtilStringDealloc(&name);
-    VtxUtilDialogGetFileName(SelectFileOption_ReadSingleFile, &name, "Movie", "export.avi", "*.avi");
-    EXPECT_EQ(
-        "vantix: error: Invalid input.\n"
-        "    Input must be a number.\n"
-        "vantix: note: Neither markers nor dashes.\n"
-        "vantix: question: Overwrite it?\n"
-        "    answered Yes\n"
-        "vantix: question: Go on?\n"
-        "    answered Cancel (no one to answer)\n"
-        "vantix: file dialog (write) for Movie files *.avi, offering \"export.avi\": chose \"out.avi\"\n"
-        "vantix: file dialog (read) for Movie files *.avi, offering \"export.avi\": cancelled (no one to "
-        "answer)\n",
-        testing::internal::GetCapturedStderr());
+    // clang-format off
+    const std::tuple<MessageBoxType_e, std::optional<bool>, bool, std::string> cases[] = {
+        {MessageBoxType_Information, std::nullopt, true, "note: Go on?"},
+        {MessageBoxType_Warning, std::nullopt, true, "warning: Go on?"},
+        {MessageBoxType_Error, std::nullopt, true, "error: Go on?"},
+        {MessageBoxType_YesNo, true, true, "question: Go on?\n    answered Yes"},
+        {MessageBoxType_YesNo, false, false, "question: Go on?\n    answered No"},
+        {MessageBoxType_Question, true, true, "question: Go on?\n    answered OK"},
+        {MessageBoxType_Question, std::nullopt, false, "question: Go on?\n    answered Cancel (no one to answer)"},
+    };
+    // clang-format on
+    for (const auto& [type, scripted, answer, shown] : cases)
+    {
+        host::clearUserMessages();
+        if (scripted)
+            host::scriptAnswer(*scripted);
+        testing::internal::CaptureStderr();
+        EXPECT_EQ(answer, bool(VtxUtilDialogMessageBox("Go on?", type)));
+        EXPECT_EQ("vantix: " + shown + "\n", testing::internal::GetCapturedStderr());
+        ASSERT_THAT(host::userMessages(), SizeIs(1));
+        const host::UserMessage m = host::userMessages()[0];
+        EXPECT_EQ(
+            std::make_tuple(Kind::MessageBox, std::string("Go on?"), type, answer, scripted.has_value()),
+            std::make_tuple(m.kind, m.text, m.boxType, m.answer, m.scripted))
+            << type;
+        EXPECT_EQ(0u, host::pendingScriptedAnswers());
+    }
+    // A notice takes no scripted answer: the next question does.
+    host::scriptAnswer(false);
+    EXPECT_TRUE(
+        VtxUtilDialogMessageBox("The current data set is not transient.", MessageBoxType_Information));
+    EXPECT_EQ(1u, host::pendingScriptedAnswers());
+    EXPECT_FALSE(VtxUtilDialogMessageBox("Overwrite?", MessageBoxType_YesNo));
+}
+
+TEST_F(DialogMessagesTest, FileDialogsHandBackTheScriptedNamesInHostStrings)
+{
+    host::scriptFileName("/tmp/run1");
+    host::scriptFileCancel();
+    host::scriptAnswer(true); // questions have their own script
+    EXPECT_EQ(3u, host::pendingScriptedAnswers());
+    // clang-format off
+    const std::tuple<SelectFileOption_e, std::optional<std::string>, bool, std::string, std::string> cases[] = {
+        {SelectFileOption_WriteFile, "/tmp/run1", true, "(write)", "chose \"/tmp/run1\""},
+        {SelectFileOption_ReadSingleFile, std::nullopt, true, "(read)", "cancelled"},
+        {SelectFileOption_WriteFile, std::nullopt, false, "(write)", "cancelled (no one to answer)"},
+    };
+    // clang-format on
+    for (const auto& [option, chosen, scripted, mode, outcome] : cases)
+    {
+        host::clearUserMessages();
+        testing::internal::CaptureStderr();
+        char unrelated = 0;
+        char* name = &unrelated; // must be overwritten
+        const bool answered = VtxUtilDialogGetFileName(option, &name, "Key Frame Animation",
+                                                       "animation.keyframe", "*.keyframe");
+        EXPECT_EQ(std::make_tuple(chosen.has_value(), chosen.has_value(), chosen.has_value()),
+                  std::make_tuple(answered, name != nullptr, host::outstandingHostStrings() == 1));
+        VtxUtilStringDealloc(&name);
+        EXPECT_EQ("vantix: file dialog " + mode +
+                      " for Key Frame Animation files *.keyframe, offering \"animation.keyframe\": " +
+                      outcome + "\n",
+                  testing::internal::GetCapturedStderr());
+        const host::UserMessage m = host::userMessages().at(0);
+        EXPECT_EQ(std::make_tuple(Kind::FileDialog, option, chosen.has_value(), scripted, chosen.value_or(""),
+                                  "Key Frame Animation", "animation.keyframe", "*.keyframe"),
+                  std::make_tuple(m.kind, m.fileOption, m.answer, m.scripted, m.fileName, m.fileTypeName,
+                                  m.defaultFileName, m.filter));
+    }
+    EXPECT_EQ(1u, host::pendingScriptedAnswers());
 }
 
 TEST_F(DialogMessagesTest, MisusedMessagesAreReported)
@@ -186,7 +144,7 @@ TEST_F(DialogMessagesTest, MisusedMessagesAreReported)
     EXPECT_EQ(nullptr, name);
 }
 
-TEST_F(DialogMessagesTest, HelpPagesAreFoundInTheHelpFolderAndToldWhereTheyAre)
+TEST_F(DialogMessagesTest, HelpPagesAreFoundInTheHelpFolderAndToldWhereTheyAreOrOpenedWhereABrowserIsAllowed)
 {
     const TempFolder folder("vantix-help");
     const std::string in = folder.path().string();
@@ -213,45 +171,36 @@ TEST_F(DialogMessagesTest, HelpPagesAreFoundInTheHelpFolderAndToldWhereTheyAre)
                   std::make_tuple(r.page, r.isURL, r.location, r.found, r.opened))
             << "a reset host never starts a browser";
     }
-    EXPECT_THAT(host::helpRequests(), SizeIs(3));
-    host::reset();
-    EXPECT_EQ(defaultFolder, host::helpFolder());
-    EXPECT_THAT(host::helpRequests(), IsEmpty());
-}
-
-TEST_F(DialogMessagesTest, WhereABrowserIsAllowedTheBrowserIsStartedOnThePage)
-{
-    const TempFolder folder("vantix-browser");
-    const fs::path page = folder.path() / "time_animation_options.html";
-    const std::string opened = (folder.path() / "opened").string();
+    // Where a browser is allowed, a page found is opened in it and needs no telling; a missing one starts
+    // none.
+    const std::string opened = in + "/opened";
     const fs::path browser = folder.path() / "browser";
-    WriteFile(page, "<html></html>");
     WriteFile(browser,
               "#!/bin/sh\necho \"$1\" > '" + opened + ".tmp' && mv '" + opened + ".tmp' '" + opened + "'\n");
     fs::permissions(browser, fs::perms::owner_all);
     const char* before = std::getenv("BROWSER");
     const std::string saved = before ? before : "";
     ::setenv("BROWSER", browser.c_str(), 1);
-    host::setHelpFolder(folder.path().string());
     host::setHelpBrowserAllowed(true);
-
     testing::internal::CaptureStderr();
-    EXPECT_TRUE(VtxUtilHelp("time_animation_options.html", FALSE, 0));
-    EXPECT_EQ("", testing::internal::GetCapturedStderr()) << "an opened page needs no telling";
-    EXPECT_FALSE(VtxUtilHelp("missing.html", FALSE, 0)) << "a missing page starts no browser";
+    EXPECT_TRUE(VtxUtilHelp("key_frame_animation.html", FALSE, 0));
+    EXPECT_EQ("", testing::internal::GetCapturedStderr());
+    EXPECT_FALSE(VtxUtilHelp("missing.html", FALSE, 0));
     const auto requests = host::helpRequests();
-    ASSERT_THAT(requests, SizeIs(2));
-    EXPECT_EQ(std::make_pair(true, false), std::make_pair(requests[0].opened, requests[1].opened));
-
+    ASSERT_THAT(requests, SizeIs(5));
+    EXPECT_EQ(std::make_pair(true, false), std::make_pair(requests[3].opened, requests[4].opened));
     // The browser runs on its own; wait for it a while.
     for (int i = 0; i < 100 && !fs::exists(opened); ++i)
         std::this_thread::sleep_for(std::chrono::milliseconds(50));
-    EXPECT_EQ(page.string() + "\n", testsupport::ReadFile(opened));
-
+    EXPECT_EQ(in + "/key_frame_animation.html\n", testsupport::ReadFile(opened));
     if (before)
         ::setenv("BROWSER", saved.c_str(), 1);
     else
         ::unsetenv("BROWSER");
+
+    host::reset();
+    EXPECT_EQ(defaultFolder, host::helpFolder());
+    EXPECT_THAT(host::helpRequests(), IsEmpty());
 }
 
 } // namespace
