@@ -61,14 +61,13 @@ TEST_F(ListSelectionModelTest, SettingTheSelectionSelectsTheIndicesTheListHoldsA
     { return [=](ListSelectionModelInterface& selection) { selection.setSelectedItem(index); }; };
     const unsigned long minusOne = 0xFFFFFFFFul; // -1 taken as a signed 32-bit integer
     const auto Single = ListView::SingleSelection, Multi = ListView::MultiSelection;
+    const auto Other = static_cast<ListView::SelectionModel_e>(2); // any but single is multiple
     const std::tuple<ListView::SelectionModel_e, Set, std::vector<int>> cases[] = {
         // clang-format off
-        {Single, Items({2, 0}), {3}}, {Single, Items({7, 5, 1, 3}), {2}}, {Single, Items({}), {}},
-        {Single, Items({9}), {}}, {Multi, Items({2, 0}), {1, 3}}, {Multi, Items({4, 5, 1}), {2, 5}},
-        {Multi, Items({minusOne, 3}), {4}}, {Multi, Items({}), {}}, {Multi, Items({0, 3, 4}), {1, 4, 5}},
-        {static_cast<ListView::SelectionModel_e>(2), Items({0, 4}), {1, 5}}, // any but single is multiple
-        {Multi, Item(-1), {}}, {Multi, Item(5), {}}, {Multi, Item(100), {}}, {Multi, Item(0), {1}},
-        {Single, Item(4), {5}},
+        {Single, Items({7, 5, 1, 3}), {2}}, {Single, Items({}), {}}, {Single, Items({9}), {}},
+        {Multi, Items({2, 0}), {1, 3}}, {Multi, Items({4, 5, 1}), {2, 5}}, {Multi, Items({minusOne, 3}), {4}},
+        {Multi, Items({}), {}}, {Other, Items({0, 4}), {1, 5}},
+        {Multi, Item(-1), {}}, {Multi, Item(5), {}}, {Multi, Item(0), {1}}, {Single, Item(4), {5}},
         // clang-format on
     };
     for (const auto& [kind, set, positions] : cases)

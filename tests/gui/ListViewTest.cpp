@@ -99,7 +99,6 @@ TEST_F(ListViewTest, MirrorsEachChangeLineByLineWhereItCanAndKeepsTheSelectedInd
         {"", {}, Insert(1, "D"), "D", "clear + deselect"},
         {"ABCDE", {5}, Remove(1), "A C D E", "- deselect"}, // index 4 is past the new end
         {"ABCDE", {1, 4}, Remove(1), "[A] C D [E]", "- deselect select"},
-        {"ABCDE", {3}, Remove(1), "A C [D] E", "- deselect select"},
         {"ABCDE", {2}, Remove(4), "A [B] C D", "- deselect select"},
         {"ABCDE", {}, Remove(0), "B C D E", "- deselect"},
         // From the highest position down, in whatever order the model lists them.
