@@ -8,6 +8,7 @@
 #include "document/ListModelKeyFrame.h"
 
 #include <support/AddOnTest.h>
+#include <support/KeyFrameExample.h>
 #include <support/TempFolder.h>
 #include <support/ThrownMessage.h>
 
@@ -19,14 +20,7 @@ using namespace vantix::vtxutiltools;
 namespace
 {
 
-// The example of a complete file: the default settings with time animation on, and two key frames.
-const std::string ExampleText =
-    "#!KeyFrame 1\n\n%Settings\n AnimateTime true\n TimeAnimationOperation Forward\n NumCycles 1\n"
-    " AnimateStreamtraces false\n FadeIn false\n FadeOut false\n%Settings\n\n"
-    "%KeyFrameView\n Name \"View 1\"\n Position 12.3457 -4.5 30\n Angle 123.457 57.2958 0\n Width 1.75\n"
-    " FrameCount 20\n SolutionTime 0\n%KeyFrameView\n\n"
-    "%KeyFrameView\n Name \"View 2\"\n Position 18.5 40 -130\n Angle 35.2644 0 0\n Width 0.0001\n"
-    " FrameCount 1\n SolutionTime 2.5e-05\n%KeyFrameView";
+const std::string& ExampleText = testsupport::KeyFrameExampleText;
 const std::vector<KeyFrame_s> ExampleKeyFrames{
     KeyFrame_s(View(12.3457, -4.5, 30, 123.457, 57.2958, 0, 1.75), "View 1", 20, 0),
     KeyFrame_s(View(18.5, 40, -130, 35.2644, 0, 0, 0.0001), "View 2", 1, 2.5e-05)};

@@ -21,6 +21,7 @@
 #include "document/KeyFrameFile.h"
 #include "document/ListModelKeyFrame.h"
 
+#include "../support/KeyFrameExample.h"
 #include "../support/TempFolder.h"
 
 #include <algorithm>
@@ -37,13 +38,7 @@ using namespace vantix::vtxutiltools;
 namespace
 {
 
-const std::string ExampleText =
-    "#!KeyFrame 1\n\n%Settings\n AnimateTime true\n TimeAnimationOperation Forward\n NumCycles 1\n"
-    " AnimateStreamtraces false\n FadeIn false\n FadeOut false\n%Settings\n\n"
-    "%KeyFrameView\n Name \"View 1\"\n Position 12.3457 -4.5 30\n Angle 123.457 57.2958 0\n Width 1.75\n"
-    " FrameCount 20\n SolutionTime 0\n%KeyFrameView\n\n"
-    "%KeyFrameView\n Name \"View 2\"\n Position 18.5 40 -130\n Angle 35.2644 0 0\n Width 0.0001\n"
-    " FrameCount 1\n SolutionTime 2.5e-05\n%KeyFrameView";
+const std::string& ExampleText = testsupport::KeyFrameExampleText;
 
 // Written by hand: any case, tabs, blank lines, settings after the key frames, words after values, a
 // section left open at the end.
