@@ -163,33 +163,3 @@ TEST_F(AnimatorKeyFrameTest, TooManyFramesACancelOrAFrameNotIn3DStopTheComputati
                      "The current frame must be in 3D Cartesian mode.");
     EXPECT_FALSE(vantix::host::statusIsShown());
 }
-
-TEST_F(AnimatorKeyFrameTest, EachComputedViewIsProbedUndoneAndSteppedUnderTheLock)
-{
-    // The calls in one line, without the VtxUtil prefix, and a view value written as "set " and its name.
-    const auto shortly = [](const Strings& calls)
-    {
-        std::string line;
-        for (const std::string& call : calls)
-            line +=
-                (line.empty() ? "" : " ") +
-                (call.rfind("VtxUtil", 0) == 0 ? call.substr(7) : "set " + call.substr(call.find('/') + 1));
-        return line;
-    };
-    const std::string apply = shortly(ApplyViewTrace()), rotate = "ViewRotate3D ViewRotate3D ViewRotate3D";
-    const std::string read =
-        "FrameGetPlotType ThreeDViewGetViewerPos ThreeDViewGetViewerAngle ThreeDViewGetProjection";
-    const std::string expected =
-        // The probe of the whole turn, under one lock.
-        "StatusStartPercentDone " + apply + " LockStart " + rotate + " " + read + " LockFinish " +
-        // Back to the view the step starts from, then the step, under two locks with drawing suspended.
-        apply + " LockStart LockStart DrawGraphics " + rotate + " " + read +
-        " set ViewerPosition/X set ViewerPosition/Y set ViewerPosition/Z set DrawInPerspective" +
-        " set ViewWidth set DrawInPerspective DrawGraphics LockFinish LockFinish " +
-        // The view reached, then the progress.
-        read + " StatusCheckPercentDone StatusFinishPercentDone";
-
-    vantix::host::setTracing(true);
-    Build(MakeKeyFrames({{View(0, 0, 10, 0, 0, 0, 1), 2}, {View(1, 0, 10, 10, 0, 0, 1), 1}}));
-    EXPECT_EQ(expected, shortly(vantix::host::trace()));
-}

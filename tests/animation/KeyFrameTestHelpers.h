@@ -50,21 +50,4 @@ inline void SetHostView(const View& view, bool perspective = false)
                            perspective, state.fieldOfView, state.originX, state.originY, state.originZ});
 }
 
-// The host calls of applying one view, as the host traces them: under two locks with drawing suspended,
-// the angles, the position, and the width written while the view is orthographic.
-inline const std::vector<std::string>& ApplyViewTrace()
-{
-    // clang-format off
-    static const std::vector<std::string> calls = {
-        "VtxUtilLockStart", "VtxUtilLockStart", "VtxUtilDrawGraphics",
-        "StyleValue.set ThreeDView/PSIAngle", "StyleValue.set ThreeDView/ThetaAngle",
-        "StyleValue.set ThreeDView/AlphaAngle", "StyleValue.set ThreeDView/ViewerPosition/X",
-        "StyleValue.set ThreeDView/ViewerPosition/Y", "StyleValue.set ThreeDView/ViewerPosition/Z",
-        "StyleValue.set ThreeDView/DrawInPerspective", "StyleValue.set ThreeDView/ViewWidth",
-        "StyleValue.set ThreeDView/DrawInPerspective", "VtxUtilDrawGraphics", "VtxUtilLockFinish",
-        "VtxUtilLockFinish"};
-    // clang-format on
-    return calls;
-}
-
 } // namespace testhelpers

@@ -112,17 +112,3 @@ TEST_F(CurrentFileManagerTest, PromptGivesTheDefaultExtensionAndAsksAboutOthersA
         EXPECT_EQ(0u, vantix::host::pendingScriptedAnswers());
     }
 }
-
-TEST_F(CurrentFileManagerTest, HoldsTheHostLockThroughThePromptAndTakesItAgainForEachQuestion)
-{
-    testsupport::WriteFile(path("old.txt"), "text\n");
-    vantix::host::scriptFileName(path("old.txt"));
-    vantix::host::scriptAnswer(true);
-    vantix::host::scriptAnswer(true);
-    vantix::host::setTracing(true);
-    EXPECT_TRUE(m_manager.promptForFile(SelectFileOption_WriteFile));
-    EXPECT_EQ((Texts{"VtxUtilLockStart", "VtxUtilDialogGetFileName", "VtxUtilStringDealloc",
-                     "VtxUtilLockStart", "VtxUtilDialogMessageBox", "VtxUtilLockFinish", "VtxUtilLockStart",
-                     "VtxUtilDialogMessageBox", "VtxUtilLockFinish", "VtxUtilLockFinish"}),
-              vantix::host::trace());
-}

@@ -223,35 +223,6 @@ TEST_F(GuiModelTest, AnOptionMenuShowsItsFirstEntryUntilAnotherIsSet)
     EXPECT_EQ(0, VtxGUIOptionMenuGet(menu));
 }
 
-TEST_F(GuiModelTest, MenusHangFromTheDialogsMenuBarInTheOrderAdded)
-{
-    const int dialog = Dialog("Key Frame Animation");
-    const int bar = VtxGUIMenuBarAdd(dialog);
-    const int file = VtxGUIMenuAdd(bar, "&File");
-    const int open = VtxGUIMenuAddItem(file, "&Open Animation File...",
-                                       "Open a saved key frame animation file.", NoAction);
-    VtxGUIMenuAddSeparator(file);
-    const int options = VtxGUIMenuAdd(bar, "&Options");
-    const int fadeIn = VtxGUIMenuAddToggle(options, "Fade &In", nullptr, NoAction);
-    const int more = VtxGUIMenuAdd(options, "&More");
-    EXPECT_EQ("dialog Key Frame Animation @0,0,1000,800 modeless [Close] in the main window\n"
-              "  bar \n"
-              "    submenu &File\n"
-              "      item &Open Animation File... * ?Open a saved key frame animation file.\n"
-              "      separator \n"
-              "    submenu &Options\n"
-              "      checkable Fade &In *\n"
-              "      submenu &More\n",
-              DescribeTree(dialog));
-    EXPECT_EQ(std::make_tuple(bar, dialog, file),
-              std::make_tuple(host::guiElement(dialog).menuBar, host::guiElement(more).dialog,
-                              host::guiElement(open).parent));
-
-    VtxGUIMenuSetToggle(fadeIn, TRUE);
-    EXPECT_TRUE(host::guiElement(fadeIn).on);
-    EXPECT_EQ(fadeIn, host::findControl(dialog, "Fade In"));
-}
-
 TEST_F(GuiModelTest, FindingAControlByItsReadableLabelNeedsExactlyOneMatch)
 {
     // A label reads as the user sees it, and a control is found by the label read so.

@@ -1,6 +1,5 @@
-// What the user does: every entry point changes what the control shows first and then calls the control's
-// callback once, with the value a toolkit would pass; what the user could not do is refused; the options
-// add-ons put into the host's menus.
+// What the user does, where the add-on's dialog tests do not reach: a dialog's own buttons, a text field's
+// answer, what the user could not do refused, and the options add-ons put into the host's menus.
 #include "support/HostTest.h"
 #include "support/ThrownMessage.h"
 
@@ -11,30 +10,15 @@ namespace
 {
 
 namespace host = vantix::host;
-using std::to_string;
 using namespace ::testing;
 using testsupport::ThrownMessage;
 
 // What the callbacks saw, each entry written while the callback ran.
 std::vector<std::string> seen;
-// The controls the callbacks look at.
+// The controls the callbacks and the tests look at.
 int theDialog = GuiId_None, theField = GuiId_None, theList = GuiId_None, theMenu = GuiId_None,
-    theRadio = GuiId_None, theToggle = GuiId_None, theMenuToggle = GuiId_None;
+    theRadio = GuiId_None, theToggle = GuiId_None;
 
-// The selection, as "1,3".
-std::string Selection(int list)
-{
-    std::string text;
-    for (const int position : host::guiElement(list).selected)
-        text += (text.empty() ? "" : ",") + to_string(position);
-    return text;
-}
-
-// A callback's entry: what it was given and what its control showed meanwhile.
-void Saw(const std::string& what, int given, const std::string& shows)
-{
-    seen.push_back(what + " " + to_string(given) + ", shows " + shows);
-}
 // What OK, Cancel and Close do: they take the dialog down.
 void Dropped(const char* what)
 {
@@ -44,8 +28,7 @@ void Dropped(const char* what)
 const auto Pressed = [] { seen.push_back("pressed"); };
 const auto Typed = [](const char* text)
 {
-    seen.push_back(std::string("typed '") + text + "', field shows '" + host::guiElement(theField).text +
-                   "'");
+    seen.push_back(std::string("typed '") + text + "'");
     return int(std::string(text) != "refused");
 };
 // A validator's way: the field is set back to the value it accepts.
@@ -55,14 +38,7 @@ const auto Corrected = [](const char* text)
     VtxGUITextFieldSetString(theField, "30");
     return int(FALSE);
 };
-const auto SpunUp = [] { seen.push_back("up"); };
-const auto SpunDown = [] { seen.push_back("down"); };
-const auto ListClicked = [](const int* p) { Saw("list", *p, Selection(theList)); };
-const auto OptionChosen = [](const int* p) { Saw("option", *p, to_string(VtxGUIOptionMenuGet(theMenu))); };
-const auto RadioChosen = [](const int* p) { Saw("radio", *p, to_string(VtxGUIRadioBoxGetToggle(theRadio))); };
-const auto ToggleClicked = [](const int* p) { Saw("toggle", *p, to_string(VtxGUIToggleGet(theToggle))); };
-const auto MenuToggled = [] { seen.push_back(host::guiElement(theMenuToggle).on ? "menu on" : "menu off"); };
-const auto MenuChosen = [] { seen.push_back("menu item"); };
+const auto Chosen = [](const int*) { seen.push_back("chosen"); };
 const auto Ok = [] { Dropped("ok"); };
 const auto Apply = [] { seen.push_back("apply"); };
 const auto Cancel = [] { Dropped("cancel"); };
@@ -80,55 +56,26 @@ protected:
         seen.clear();
         theDialog = VtxGUIDialogCreateModeless(GuiId_MainWindow, 5000, 3000, "Actions", nullptr, Close, Help);
         theField = VtxGUITextFieldAdd(theDialog, 10, 10, 500, 100, Typed);
-        m_spin = VtxGUISpinTextFieldAdd(theDialog, 10, 200, 500, 100, Typed, SpunUp, SpunDown);
-        theList = VtxGUIListAdd(theDialog, 10, 400, 500, 1000, TRUE, ListClicked);
+        m_spin = VtxGUISpinTextFieldAdd(theDialog, 10, 200, 500, 100, Typed, Pressed, Pressed);
+        theList = VtxGUIListAdd(theDialog, 10, 400, 500, 1000, TRUE, Chosen);
         for (const char* item : {"View 1", "View 2", "View 3", "View 4"})
             VtxGUIListAppendItem(theList, item);
-        m_single = VtxGUIListAdd(theDialog, 600, 400, 500, 1000, FALSE, ListClicked);
+        m_single = VtxGUIListAdd(theDialog, 600, 400, 500, 1000, FALSE, Chosen);
         VtxGUIListAppendItem(m_single, "only");
-        theMenu = VtxGUIOptionMenuAdd(theDialog, 10, 1500, 500, 100, "On Screen\nTo File", OptionChosen);
+        theMenu = VtxGUIOptionMenuAdd(theDialog, 10, 1500, 500, 100, "On Screen\nTo File", Chosen);
         theRadio = VtxGUIRadioBoxAdd(theDialog, 10, 1700, 500, 300, "&Forward", "&Loop", "&Bounce", nullptr,
-                                     nullptr, RadioChosen);
-        theToggle = VtxGUIToggleAdd(theDialog, 10, 2100, 500, 100, "&Antialiasing", ToggleClicked);
+                                     nullptr, Chosen);
+        theToggle = VtxGUIToggleAdd(theDialog, 10, 2100, 500, 100, "&Antialiasing", Chosen);
         m_button = VtxGUIButtonAdd(theDialog, 10, 2300, 500, 100, "&Append     ", Pressed);
         m_options = VtxGUIMenuAdd(VtxGUIMenuBarAdd(theDialog), "&Options");
-        theMenuToggle = VtxGUIMenuAddToggle(m_options, "Fade &In", nullptr, MenuToggled);
-        m_menuItem = VtxGUIMenuAddItem(m_options, "Time &Animation Options...", nullptr, MenuChosen);
+        VtxGUIMenuAddToggle(m_options, "Fade &In", nullptr, Pressed);
+        m_menuItem = VtxGUIMenuAddItem(m_options, "Time &Animation Options...", nullptr, Pressed);
         VtxGUIDialogLaunch(theDialog);
     }
 
     int m_spin = GuiId_None, m_single = GuiId_None, m_button = GuiId_None, m_options = GuiId_None,
         m_menuItem = GuiId_None;
 };
-
-TEST_F(GuiUserActionsTest, EachActionUpdatesTheControlThenCallsItsCallbackOnce)
-{
-    // clang-format off
-    const std::pair<std::function<void()>, std::vector<std::string>> cases[] = {
-        {[&] { host::pressButton(m_button); }, {"pressed"}},
-        {[&] { EXPECT_TRUE(host::enterText(theField, "View 9")); }, {"typed 'View 9', field shows 'View 9'"}},
-        {[&] { host::spinUp(m_spin); }, {"up"}},
-        {[&] { host::spinDown(m_spin); }, {"down"}},
-        {[&] { host::selectListItem(theList, 3); }, {"list 3, shows 3"}},
-        {[&] { host::selectListItems(theList, {4, 2}); }, {"list 2, shows 2,4"}},
-        {[&] { host::selectListItems(theList, {}); }, {"list 0, shows "}},
-        {[&] { host::chooseOption(theMenu, 2); }, {"option 2, shows 2"}},
-        {[&] { host::chooseRadioButton(theRadio, 3); }, {"radio 3, shows 3"}},
-        {[&] { host::clickToggle(theToggle); }, {"toggle 1, shows 1"}},
-        {[&] { host::clickToggle(theToggle); }, {"toggle 0, shows 0"}},
-        {[&] { host::chooseMenuItem(theMenuToggle); }, {"menu on"}},
-        {[&] { host::chooseMenuItem(theMenuToggle); }, {"menu off"}},
-        {[&] { host::chooseMenuItem(m_menuItem); }, {"menu item"}},
-        {[&] { host::pressHelp(theDialog); }, {"help"}},
-    };
-    // clang-format on
-    for (const auto& [act, expected] : cases)
-    {
-        seen.clear();
-        act();
-        EXPECT_EQ(expected, seen);
-    }
-}
 
 TEST_F(GuiUserActionsTest, ATextFieldAnswersWhatItsCallbackAnswersAndShowsWhatTheCallbackLeft)
 {
@@ -238,7 +185,7 @@ TEST_F(GuiUserActionsTest, UnknownElementsAndPositionsAreInvalidArguments)
     for (const auto& [what, act] : cases)
         EXPECT_THROW(act(), std::invalid_argument) << what;
     EXPECT_THAT(seen, IsEmpty());
-    EXPECT_EQ("", Selection(theList));
+    EXPECT_THAT(host::guiElement(theList).selected, IsEmpty());
 }
 
 TEST_F(GuiUserActionsTest, AnExceptionOutOfACallbackIsReportedNotPassedOn)
