@@ -74,20 +74,6 @@ TEST_F(JournalTest, ALoadedDataSetKeepsTheCommandsInOrderAsGiven)
                                        std::make_tuple("Other", "", "")));
 }
 
-TEST_F(JournalTest, AJournalGivenUpOnKeepsWhatItHasAndTakesNothingMore)
-{
-    LoadDataSet("data");
-    EXPECT_TRUE(Add("one"));
-    host::setJournalValid(false);
-    EXPECT_FALSE(Valid());
-    EXPECT_FALSE(Add("two"));
-    host::setJournalValid(true);
-    EXPECT_TRUE(Valid());
-    EXPECT_TRUE(Add("three"));
-    EXPECT_THAT(Journal(), ElementsAre(std::make_tuple("Some Add-on", "one", std::nullopt),
-                                       std::make_tuple("Some Add-on", "three", std::nullopt)));
-}
-
 TEST_F(JournalTest, EachDataSetHasItsOwnJournalAndANewlyLoadedOneStartsAfresh)
 {
     LoadDataSet("first");
@@ -116,7 +102,6 @@ TEST_F(JournalTest, EachDataSetHasItsOwnJournalAndANewlyLoadedOneStartsAfresh)
 TEST_F(JournalTest, ACommandWithoutAnAddOnOrInstructionsIsAProtocolError)
 {
     LoadDataSet("data");
-    host::setTracing(true);
     const std::pair<const char*, const char*> cases[] = {
         {nullptr, "Animate"}, {"", "Animate"}, {"Some Add-on", nullptr}};
     for (const auto& [addOnID, instructions] : cases)
@@ -128,13 +113,6 @@ TEST_F(JournalTest, ACommandWithoutAnAddOnOrInstructionsIsAProtocolError)
         host::clearHostErrors();
     }
     EXPECT_THAT(host::journalCommands(), IsEmpty());
-    // The journal functions are counted and traced like every other.
-    VtxUtilDataSetJournalIsValid();
-    EXPECT_EQ(std::make_tuple(1, 3), std::make_tuple(host::callCount("VtxUtilDataSetJournalIsValid"),
-                                                     host::callCount("VtxUtilDataSetAddJournalCommand")));
-    EXPECT_THAT(host::trace(),
-                ElementsAre("VtxUtilDataSetAddJournalCommand", "VtxUtilDataSetAddJournalCommand",
-                            "VtxUtilDataSetAddJournalCommand", "VtxUtilDataSetJournalIsValid"));
 }
 
 } // namespace

@@ -1,5 +1,4 @@
-// The text form of the add-on's macro commands: splitting, parsing with its exact failures, building, and
-// building then parsing with another delimiter set.
+// The text form of the add-on's macro commands: splitting, parsing with its exact failures, and building.
 #include "core/KeyFrameError.h"
 #include "macro/MacroManager.h"
 
@@ -20,12 +19,11 @@ const AddOnMacroCommandManager Manager(" ");
 
 // Parses text and expects it to give command and pairs; the command is set to the other one first, so
 // that leaving it alone shows.
-void ExpectParsed(const std::string& text, Command_e command, const Pairs& pairs,
-                  const AddOnMacroCommandManager& manager = Manager)
+void ExpectParsed(const std::string& text, Command_e command, const Pairs& pairs)
 {
     Command_e parsedCommand = command == C::Animate ? C::OpenSettingsFile : C::Animate;
     Pairs parsedPairs;
-    EXPECT_THROW_MSG(manager.parseMacroCommandString(text, parsedCommand, parsedPairs), KeyFrameError, "")
+    EXPECT_THROW_MSG(Manager.parseMacroCommandString(text, parsedCommand, parsedPairs), KeyFrameError, "")
         << text;
     EXPECT_EQ(std::make_pair(command, pairs), std::make_pair(parsedCommand, parsedPairs)) << text;
 }
@@ -106,27 +104,6 @@ TEST(MacroCommandStringTest, RefusesABadCommandTextWithAMessageThatSaysWhatIsWro
     }
 }
 
-TEST(MacroCommandStringTest, AppendsToTheParametersAndKeepsWhatWasReadBeforeAFailure)
-{
-    // The command is set as soon as its word is known; a failure while splitting comes before that.
-    const Pairs before = {{FileName, "before"}};
-    // clang-format off
-    for (const auto& [text, message, command, pairs] :
-         std::vector<std::tuple<std::string, std::string, C, Pairs>>{
-        {"Animate FileName=a AnimationDestination=b Destination=c FileName=d",
-         "Unknown macro parameter: Destination", C::Animate,
-         {{FileName, "before"}, {FileName, "a"}, {AnimationDestination, "b"}}},
-        {"Animate FileName=a Fast", "Invalid macro command string format.", C::OpenSettingsFile, before}})
-    // clang-format on
-    {
-        Command_e parsedCommand = C::OpenSettingsFile;
-        Pairs parsedPairs = before;
-        EXPECT_THROW_MSG(Manager.parseMacroCommandString(text, parsedCommand, parsedPairs), KeyFrameError,
-                         message);
-        EXPECT_EQ(std::make_pair(command, pairs), std::make_pair(parsedCommand, parsedPairs)) << text;
-    }
-}
-
 TEST(MacroCommandStringTest, BuildsTheTablesSpellingAndQuotesValuesWithBlanks)
 {
     // clang-format off
@@ -144,22 +121,4 @@ TEST(MacroCommandStringTest, BuildsTheTablesSpellingAndQuotesValuesWithBlanks)
     EXPECT_THROW(Manager.buildMacroCommandString(static_cast<Command_e>(2), {}), std::out_of_range);
     EXPECT_THROW(Manager.buildMacroCommandString(C::Animate, {{static_cast<Parameter_e>(-1), "x"}}),
                  std::out_of_range);
-}
-
-TEST(MacroCommandStringTest, AnotherDelimiterSetSeparatesByAnyOfItsCharactersAndLeavesBlanksOrdinary)
-{
-    const AddOnMacroCommandManager manager(",;");
-    const Pairs pairs = {{FileName, "a;b"}, {AnimationDestination, "c d"}, {FileName, "e,"}};
-    const std::string text = manager.buildMacroCommandString(C::OpenSettingsFile, pairs);
-    EXPECT_EQ("OpenSettingsFile,;FileName=\"a;b\",;AnimationDestination=c d,;FileName=\"e,\"", text);
-    ExpectParsed(text, C::OpenSettingsFile, pairs, manager);
-
-    Texts tokens;
-    manager.tokenize(";Animate,,AnimationDestination=On Screen;", tokens);
-    EXPECT_EQ((Texts{"Animate", "AnimationDestination=On Screen"}), tokens);
-    Command_e command = C::Animate;
-    Pairs parsed;
-    EXPECT_THROW_MSG(
-        manager.parseMacroCommandString("Animate AnimationDestination=OnScreen", command, parsed),
-        KeyFrameError, "Unknown macro command: Animate AnimationDestination=OnScreen");
 }
