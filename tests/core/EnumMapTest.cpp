@@ -1,5 +1,4 @@
-// The text tables of the add-on's enumerations, the table mechanism itself (with tables of its own that
-// have awkward entries), and reading a destination from a stream.
+// The text tables of the add-on's enumerations, and reading a destination from a stream.
 #include "core/EnumMap.h"
 #include "core/Enumerations.h"
 
@@ -9,24 +8,12 @@
 
 #include <algorithm>
 #include <cctype>
-#include <new>
 #include <sstream>
 
 using namespace vantix::vtxutiltools;
 
 namespace
 {
-
-// A table exercising the mechanism: texts that differ only in case, under values of either sign, in a
-// table whose first building fails, as when memory runs out. Its instance is built once per process, by
-// the one test that uses it.
-enum class Shade_e : int
-{
-    Minus = -1,
-    Zero = 0,
-    Three = 3
-};
-int ShadeBuildings = 0;
 
 // Every (value, text) of a table converts both ways, the text read as it is and with the case of every
 // letter turned over; texts not in the table and values out of it are out of range.
@@ -53,22 +40,6 @@ void ExpectTable(const std::vector<std::pair<T, std::string>>& table,
 
 } // namespace
 
-namespace vantix::vtxutiltools
-{
-
-template <>
-void EnumMap<Shade_e>::initializeMaps()
-{
-    m_valueToText.emplace(Shade_e::Three, "grey");
-    m_valueToText.emplace(Shade_e::Zero, "Black");
-    m_valueToText.emplace(Shade_e::Minus, "GREY");
-    if (++ShadeBuildings == 1)
-        throw std::bad_alloc();
-    ReverseMap(m_valueToText, m_textToValue);
-}
-
-} // namespace vantix::vtxutiltools
-
 TEST(EnumMapTest, EveryTableConvertsBothWaysReadingAnyCaseAndRefusesWhatItDoesNotHold)
 {
     ExpectTable<Command_e>(
@@ -82,27 +53,6 @@ TEST(EnumMapTest, EveryTableConvertsBothWaysReadingAnyCaseAndRefusesWhatItDoesNo
     ExpectTable<TimeAnimationOperation_e>(
         {{Forward, "Forward"}, {Loop, "Loop"}, {Bounce, "Bounce"}, {AsCaptured, "AsCaptured"}},
         {"As Captured", "Backward", "0"}, {4, -1});
-}
-
-TEST(EnumMapTest, ATableWhoseBuildingFailedIsBuiltAgainAndOfTextsDifferingInCaseReadsTheSmallestValue)
-{
-    EXPECT_THROW(EnumMap<Shade_e>::toString(Shade_e::Three), std::bad_alloc);
-    // The smallest value as a signed integer: -1 before 3; each value keeps its own text.
-    EXPECT_EQ(std::make_tuple(Shade_e::Minus, Shade_e::Zero, std::string("grey"), std::string("GREY")),
-              std::make_tuple(EnumMap<Shade_e>::toEnum("Grey"), EnumMap<Shade_e>::toEnum("BLACK"),
-                              EnumMap<Shade_e>::toString(Shade_e::Three),
-                              EnumMap<Shade_e>::toString(Shade_e::Minus)));
-    EXPECT_EQ(std::make_pair(std::size_t(2), 2),
-              std::make_pair(EnumMap<Shade_e>::getInstance().textToValue().size(), ShadeBuildings));
-}
-
-TEST(ReverseMapTest, EmptiesTheTargetAndKeepsTheSmallestKeyOfTextsDifferingInCase)
-{
-    const std::map<int, std::string> source = {{2, "Loop"}, {1, "LOOP"}, {3, "Bounce"}, {4, "loop"}};
-    std::map<std::string, int, CaseInsensitiveStringCompareObj> target = {{"Stale", 9}};
-    ReverseMap(source, target);
-    EXPECT_EQ((std::map<std::string, int>{{"Bounce", 3}, {"LOOP", 1}}),
-              (std::map<std::string, int>(target.begin(), target.end())));
 }
 
 TEST(DestinationExtractionTest, ConvertsExactlyOneWordOfTheTableInAnyCaseOrFailsTheStreamLeavingTheValue)

@@ -1,5 +1,4 @@
-// The view record (its fields, arithmetic, equality and text), bringing angles into half a turn, and
-// reading and applying the host's 3D view (the host calls of applying it: see AnimatorKeyFrameTest).
+// The view record's text, bringing angles into half a turn, and reading and applying the host's 3D view.
 #include "core/View.h"
 #include "animation/KeyFrameTestHelpers.h"
 #include "core/KeyFrameError.h"
@@ -19,48 +18,15 @@ namespace
 
 using ViewTest = testsupport::AddOnTest;
 
-// Each field's accessor and setter, in the order of the seven-value constructor: X, Y, Z, Psi, Theta, Alpha,
-// Width.
-const std::vector<std::pair<double (View::*)() const, void (View::*)(double)>> Fields = {
-    {&View::x, &View::setX},        {&View::y, &View::setY},         {&View::z, &View::setZ},
-    {&View::psi, &View::setPsi},    {&View::theta, &View::setTheta}, {&View::alpha, &View::setAlpha},
-    {&View::width, &View::setWidth}};
-
 Values Of(const View& view)
 {
-    Values values;
-    for (const auto& field : Fields)
-        values.push_back((view.*field.first)());
-    return values;
+    return {view.x(), view.y(), view.z(), view.psi(), view.theta(), view.alpha(), view.width()};
 }
 
 } // namespace
 
-TEST(ViewValueTest, FieldsKeepTheConstructorsOrderChangeOneByOneAndCompareExactly)
+TEST(ViewValueTest, TheDisplayStringShowsEachFieldWithTwoDecimals)
 {
-    EXPECT_EQ(Values(7, 0.0), Of(View()));
-    EXPECT_TRUE(View() == View(-0.0, -0.0, -0.0, -0.0, -0.0, -0.0, -0.0));
-    const View view(1, 2, 3, 4, 5, 6, 7);
-    EXPECT_TRUE(view == View(1, 2, 3, 4, 5, 6, 7));
-    for (std::size_t i = 0; i < Fields.size(); ++i)
-    {
-        View changed = view, nearlyEqual = view, withNaN = view;
-        (changed.*Fields[i].second)(-100.5);
-        (nearlyEqual.*Fields[i].second)(std::nextafter(i + 1.0, 100.0));
-        (withNaN.*Fields[i].second)(std::numeric_limits<double>::quiet_NaN());
-        Values expected{1, 2, 3, 4, 5, 6, 7};
-        expected[i] = -100.5;
-        EXPECT_EQ(expected, Of(changed)) << "field " << i;
-        EXPECT_FALSE(view == nearlyEqual || withNaN == withNaN) << "field " << i;
-    }
-}
-
-TEST(ViewValueTest, SwapAndDivisionTakeEveryFieldAndTheDisplayStringShowsEachWithTwoDecimals)
-{
-    View target(1, 2, 3, 4, 5, 6, 7);
-    target.swap(View(-1, -2, -3, -4, -5, -6, -7));
-    EXPECT_EQ((Values{-1, -2, -3, -4, -5, -6, -7}), Of(target));
-    EXPECT_EQ((Values{0.5, 1, 1.5, 2, 2.5, 3, 3.5}), Of(View(2, 4, 6, 8, 10, 12, 14) / 4.0));
     EXPECT_EQ("X=1234567.89 Y=0.01 Z=-3.46 Psi=179.99 Theta=-180.00 Alpha=0.50 Width=100.00",
               View(1234567.891, 0.005001, -3.456, 179.994, -179.999, 0.5, 99.999).displayString());
 }
