@@ -73,17 +73,3 @@ TEST_F(FramePopperTest, ASingleFrameOrNoneLeavesNothingToVisit)
             EXPECT_THAT(vantix::host::hostErrors(), ::testing::IsEmpty());
         }
 }
-
-TEST_F(FramePopperTest, TheActivePoppersAreCountedAndEachHoldsItsLock)
-{
-    std::vector<std::int64_t> counts = {FramePopperAbstract::numActivePoppers()};
-    {
-        FramePopper full;
-        const std::unique_ptr<FramePopperAbstract> lightweight =
-            FramePopperAbstractFactory::getFramePopper(false);
-        counts.push_back(FramePopperAbstract::numActivePoppers());
-        EXPECT_EQ(2, vantix::host::lockDepth(AddOnID));
-    }
-    counts.push_back(FramePopperAbstract::numActivePoppers());
-    EXPECT_EQ((std::vector<std::int64_t>{0, 2, 0}), counts);
-}

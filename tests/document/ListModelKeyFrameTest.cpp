@@ -119,15 +119,4 @@ TEST_F(ListModelKeyFrameTest, IndicesBeyondTheListAreRefusedWithoutChangingAnyth
     EXPECT_TRUE(m_changes.empty());
 }
 
-TEST_F(ListModelKeyFrameTest, ReplacingTheListResetsItsObserversAndNoLongerThoseRemoved)
-{
-    fill("ab");
-    m_model.setDataList({});
-    EXPECT_EQ(std::make_pair(0ul, 1ul), std::make_pair(m_model.size(), m_model.end()));
-    EXPECT_EQ("No Key Frames established.", m_model.emptyModelMessage());
-    m_model.removeObserver(*this);
-    m_model.setDataList(Keys("a"));
-    EXPECT_EQ((std::vector<Change>{{ChangeInfo_s::ModelReset, {}}}), m_changes);
-}
-
 } // namespace

@@ -15,9 +15,6 @@ using Indices = std::vector<unsigned long>;
 namespace
 {
 
-// The view whose list the user clicks in; its callback tells the selection model, as a dialog does.
-ListView* clickedView = nullptr;
-
 // Every selection it was told of, in order.
 struct RecordingObserver : ListSelectionModelObserverInterface
 {
@@ -31,8 +28,7 @@ protected:
     // A new list of the five key frames "A" to "E" shown by the view.
     int ShowInList(ListView& view, bool multiSelection = true)
     {
-        const int list =
-            AddList(multiSelection, [](const int*) { clickedView->selectionModel()->selectionChanged(); });
+        const int list = AddList(multiSelection);
         m_keyFrames.setDataList(testsupport::KeyFrames("ABCDE"));
         view.setModel(m_keyFrames);
         view.setGuiID(list);
@@ -88,32 +84,6 @@ TEST_F(ListSelectionModelTest, SettingTheSelectionSelectsTheIndicesTheListHoldsA
                                   view.selectionModel()->getSelectedItem()));
         EXPECT_THAT(ControlCallsSinceMark(true), IsEmpty());
     }
-}
-
-TEST_F(ListSelectionModelTest, ObserversHearTheSelectionTheUserMadeOrAListChangeRestoredOnceEach)
-{
-    ListView view(ListView::MultiSelection);
-    const int list = ShowInList(view);
-    clickedView = &view;
-    VtxGUIDialogLaunch(m_dialog);
-    RecordingObserver first, second, removed;
-    for (RecordingObserver* observer : {&first, &first, &second, &removed})
-        view.selectionModel()->addObserver(*observer);
-    view.selectionModel()->removeObserver(removed);
-    vantix::host::selectListItems(list, {2, 4});
-    vantix::host::selectListItem(list, 5);
-    VtxGUIDialogDrop(m_dialog);
-    EXPECT_THAT(first.told, ElementsAre(Indices{1, 3}, Indices{4}));
-    EXPECT_EQ(first.told, second.told);
-    EXPECT_THAT(removed.told, IsEmpty());
-
-    // Index 4 is gone after the deletion; index 2 stays selected across the renaming.
-    first.told.clear();
-    m_keyFrames.removeItem(1);
-    Select(list, {3});
-    m_keyFrames.setName(0, "Renamed");
-    EXPECT_THAT(first.told, ElementsAre(IsEmpty(), ElementsAre(2ul)));
-    EXPECT_THAT(SelectedPositions(list), ElementsAre(3));
 }
 
 TEST_F(ListSelectionModelTest, InitReplacesTheSelectionModelWhichKeepsTheIndicesTheListHolds)

@@ -1,6 +1,6 @@
 // A list view mirroring its model into a real host list control, every call under the host lock: the
 // empty-model message, line-by-line appends, deletions and replacements against full rebuilds, the selection
-// kept across them, the control bound, model ownership, suspended updates, and a view without a control.
+// kept across them, model ownership, suspended updates, and a view without a control.
 #include <support/GuiListTest.h>
 
 #include <algorithm>
@@ -124,35 +124,6 @@ TEST_F(ListViewTest, MirrorsEachChangeLineByLineWhereItCanAndKeepsTheSelectedInd
         EXPECT_EQ(std::make_pair(std::string(shown), std::string(listChanges)),
                   std::make_pair(Shown(), ListChanges()));
     }
-}
-
-TEST_F(ListViewTest, ShowsTheModelInTheControlBoundLastAndTouchesNoControlWithoutOne)
-{
-    ListView view(ListView::MultiSelection);
-    view.setModel(m_keyFrames);
-    MarkTrace();
-    view.suspendUpdates();
-    view.resumeUpdates();
-    view.setGuiID(GuiId_None);
-    EXPECT_THAT(ControlCallsSinceMark(), IsEmpty());
-
-    // A control bound later shows the model as it is then; binding it again changes nothing.
-    m_keyFrames.setDataList(KeyFrames("QR"));
-    view.setGuiID(m_list);
-    MarkTrace();
-    view.setGuiID(m_list);
-    EXPECT_THAT(TraceSinceMark(), IsEmpty());
-
-    // Another control takes over; the one before, and after unbinding every one, is left as it was.
-    const int other = AddList(true);
-    view.setGuiID(other);
-    m_keyFrames.setName(0, "S");
-    EXPECT_EQ(std::make_pair(std::string("S R"), std::string("Q R")), std::make_pair(Shown(other), Shown()));
-    view.setGuiID(GuiId_None);
-    MarkTrace();
-    m_keyFrames.setName(0, "T");
-    m_keyFrames.removeItem(1);
-    EXPECT_THAT(ControlCallsSinceMark(), IsEmpty());
 }
 
 // A model given by pointer is the view's; one given by reference, or by pointer to a view that borrows
