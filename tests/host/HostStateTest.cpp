@@ -136,23 +136,4 @@ TEST_F(HostStateTest, StatusLineLogsEveryCallAndAnswersScriptedCancels)
     host::clearHostErrors();
 }
 
-TEST_F(HostStateTest, MacroRecordingKeepsLinesOnlyWhileRecording)
-{
-    EXPECT_FALSE(VtxUtilMacroIsRecordingActive());
-    EXPECT_FALSE(VtxUtilMacroRecordRawCommand("$!REDRAW"));
-    host::setMacroRecording(true);
-    EXPECT_TRUE(VtxUtilMacroIsRecordingActive());
-    EXPECT_TRUE(VtxUtilMacroRecordRawCommand("$!EXPORTSETUP IMAGEWIDTH = 640"));
-    EXPECT_TRUE(VtxUtilMacroRecordExtCommand("Key Frame Animation", "Animate AnimationDestination=ToFile"));
-    EXPECT_TRUE(VtxUtilMacroRecordExtCommand("It's", "FileName=\"C:\\movies\\a b.keyframe\""));
-    host::setMacroRecording(false);
-    EXPECT_FALSE(VtxUtilMacroRecordRawCommand("$!REDRAW"));
-    EXPECT_THAT(host::recordedMacroLines(),
-                ElementsAre("$!EXPORTSETUP IMAGEWIDTH = 640",
-                            "$!ADDONCOMMAND ADDONID = 'Key Frame Animation' COMMAND = 'Animate "
-                            "AnimationDestination=ToFile'",
-                            "$!ADDONCOMMAND ADDONID = 'It\\'s' COMMAND = 'FileName=\"C:\\\\movies\\\\a "
-                            "b.keyframe\"'"));
-}
-
 } // namespace

@@ -132,6 +132,7 @@ TEST_F(MacroCommandTest, EachCommandActsOnTheHost)
         {"$!PLOTTYPE = SKETCH\n$!NEWFRAME", "plot type", int(PlotType_Cartesian3D)},
         {"$!SETSTYLEVALUE ThreeDView PSIAngle = 30", "view", "-30 0 0 still"}, // from 60, by style: no orbit
         {"$!SETSTYLEVALUE threedview viewerposition z = -7e0", "threedview viewerposition z", -7.0},
+        {"$!SETSTYLEVALUE ThreeDView FieldOfView = 40", "ThreeDView FieldOfView", 40.0},
         {"$!SETSTYLEVALUE Interface UseDisplayLists = FALSE", "Interface UseDisplayLists", false},
         {"$!SETSTYLEVALUE ExportSetup ImageWidth = 640", "ExportSetup ImageWidth", 640},
         {"$!SETSTYLEVALUE ExportSetup ExportFormat = 21", format, int(ExportFormat_MPEG4)},
@@ -151,39 +152,6 @@ TEST_F(MacroCommandTest, EachCommandActsOnTheHost)
         ASSERT_TRUE(result.ok()) << lines << ": " << result.message;
         EXPECT_EQ(expected, Probe(what, before)) << lines;
     }
-}
-
-TEST_F(MacroCommandTest, AMeshFileAndTheExportCommandsWorkInTheMacrosFolder)
-{
-    // A relative file name is taken from the macro's folder, not from the current folder.
-    fs::create_directories(m_folder / "job");
-    WriteFile(m_folder / "job" / "triangle.stl", TriangleStl);
-    WriteFile(m_folder / "job" / "load.mcr", "#!VTXMACRO 1\n$!NEWFRAME\n$!LOADDATA FILE = \"triangle.stl\"\n"
-                                             "$!EXPORTSETUP ExportFName = \"out.png\"\n");
-    const MacroResult loaded = host::runMacroFile((m_folder / "job" / "load.mcr").string());
-    ASSERT_TRUE(loaded.ok()) << loaded.message;
-    ASSERT_EQ(1u, host::zones().size());
-    EXPECT_EQ(std::make_tuple(std::size_t(1), 2, (m_folder / "job" / "out.png").string()),
-              std::make_tuple(std::size_t(host::zones()[0].elementCount), VtxUtilFrameGetCount(),
-                              std::get<std::string>(host::style({"ExportSetup", "ExportFName"}))));
-
-    const MacroResult movie = Run("$!LOADDATA DEMO\n$!EXPORTSETUP ExportFormat = RASTERMETAFILE\n"
-                                  "$!EXPORTSETUP ImageWidth = 64\n$!EXPORTSETUP ExportFName = \"movie.rmf\"\n"
-                                  "$!EXPORTSTART\n$!ROTATE3DVIEW THETA = 10\n$!EXPORTNEXTFRAME\n"
-                                  "$!ROTATE3DVIEW THETA = 10\n$!EXPORTNEXTFRAME\n$!EXPORTFINISH\n");
-    ASSERT_TRUE(movie.ok()) << movie.message;
-    const auto contents = host::readRasterMetafile((m_folder / "movie.rmf").string());
-    EXPECT_EQ(64, contents.width);
-    ASSERT_EQ(3u, contents.frames.size());
-    EXPECT_NE(contents.frames[0], contents.frames[1]);
-
-    ASSERT_TRUE(Run("$!EXPORTSETUP ExportFName = \"cancelled.rmf\"\n$!EXPORTSTART\n$!EXPORTNEXTFRAME\n"
-                    "$!EXPORTCANCEL\n$!EXPORTSETUP ExportFormat = PNG\n"
-                    "$!EXPORTSETUP ExportFName = \"still.png\"\n$!EXPORT\n")
-                    .ok());
-    EXPECT_FALSE(fs::exists(m_folder / "cancelled.rmf"));
-    EXPECT_FALSE(VtxUtilExportIsRecording());
-    EXPECT_GT(fs::file_size(m_folder / "still.png"), 0u);
 }
 
 TEST_F(MacroCommandTest, AnAddOnModuleStartsOnceAndOneThatCannotBeStartedIsRefusedWithTheReason)
@@ -500,30 +468,6 @@ TEST_F(MacroRecordingTest, AddOnAndHostTextsComeBackUnchangedThroughAMacroFile)
     host::writeRecordedMacro(again.string());
     EXPECT_EQ(ReadFile(macro), ReadFile(again));
     EXPECT_EQ(hostTexts.back(), fileName());
-}
-
-TEST_F(MacroRecordingTest, ARecordedMacroReplaysToTheSameRecordingAndState)
-{
-    const MacroTestAddOn addOn;
-    const fs::path source = m_folder / "source.mcr", recorded = m_folder / "recorded.mcr";
-    WriteFile(source, "#!VTXMACRO 1\n# set up\n$!loaddata demo\n$!newframe x=1 y=1 width=5 height=4\n"
-                      "$!loaddata demo\n$!plottype=cartesian3d\n"
-                      "$!setstylevalue ThreeDView DrawInPerspective = true\n"
-                      "$!setstylevalue ThreeDView FieldOfView = 40\n$!rotate3dview psi = 12.25\n"
-                      "$!ROTATE3DVIEW THETA = -7\n$!solutiontime = 3\n"
-                      "$!addoncommand addonid = 'Macro Test Add-On' command = 'open \"my file\" \\\\ now'\n"
-                      "$!exportsetup ExportFormat = RASTERMETAFILE\n$!exportsetup ImageWidth = 48\n"
-                      "$!exportsetup ExportFName = \"recorded.rmf\"\n$!redraw\n");
-    const Texts first = Rerecord(source);
-    ASSERT_EQ(14u, first.size());
-    const auto firstView = host::view();
-    host::writeRecordedMacro(recorded.string());
-    EXPECT_EQ(first, Rerecord(recorded));
-    const auto secondView = host::view();
-    EXPECT_EQ((std::vector{firstView.psi, firstView.theta, firstView.z, 3.0, 2.0}),
-              (std::vector{secondView.psi, secondView.theta, secondView.z, host::solutionTime(),
-                           double(VtxUtilFrameGetCount())}));
-    EXPECT_EQ((Texts{"open \"my file\" \\ now", "open \"my file\" \\ now"}), addOn.received());
 }
 
 TEST_F(MacroRecordingTest, TheRecordedMacroIsWrittenWithItsHeaderOrRefusedWithTheReason)
