@@ -39,16 +39,6 @@ protected:
 };
 using AnimationManagerTest = AnimateTest;
 
-TEST_F(AnimateTest, ShowsTheComputationOfTheViewsAndThenEachFrameOnTheProgressLine)
-{
-    Animate(KeyFrames, 0, KeyFrames.size(), Settings_s(), RecordMacro);
-    const Strings events = StatusEvents();
-    ASSERT_EQ(std::size_t(2 + ChecksBeforeTheFirstFrame + 2 + 16), events.size());
-    EXPECT_EQ("start Creating interpolated views...." + CancelHint + " [stop] [bar]", events.front());
-    EXPECT_EQ((Strings{"finish", AnimatingLine, "6%"}), Strings(events.begin() + 14, events.begin() + 17));
-    EXPECT_EQ((Strings{"100%", "finish"}), Strings(events.end() - 2, events.end()));
-}
-
 TEST_F(AnimateTest, WhateverWayItEndsTheAnimationPutsBackWhatItChangedAndOnlyACompletedOneIsRecorded)
 {
     const int computing = 5, fourthFrame = ChecksBeforeTheFirstFrame + 4;
@@ -84,7 +74,9 @@ TEST_F(AnimateTest, WhateverWayItEndsTheAnimationPutsBackWhatItChangedAndOnlyACo
         EXPECT_EQ(lastFrame, redraws > 0 ? FrameShown() : -1);
         // The solution time is not put back: it stays at the last frame drawn.
         EXPECT_EQ(std::max(lastFrame, 0), vantix::host::solutionTime());
+        // The views are computed under a progress line of their own, then the frames are drawn under another.
         const Strings events = StatusEvents();
+        EXPECT_EQ("start Creating interpolated views...." + CancelHint + " [stop] [bar]", events.front());
         EXPECT_EQ(redraws > 0, std::count(events.begin(), events.end(), AnimatingLine) == 1);
         EXPECT_EQ(asked, Calls("VtxUtilMacroIsRecordingActive"));
         EXPECT_EQ(asked == 2 ? 1u : 0u, vantix::host::recordedMacroLines().size());
