@@ -1,8 +1,7 @@
-// The page: frame positions and sizes, the work area, unit conversion and the lightweight walk over the
-// frames, through the SDK and the host's API.
+// The page: frame sizes, the work area, unit conversion and the lightweight walk's misuse, through the SDK
+// and the host's API (the walk itself: the add-on's frame popper tests).
 #include "support/HostTest.h"
 
-#include <array>
 #include <stdexcept>
 
 namespace
@@ -10,47 +9,8 @@ namespace
 
 namespace host = vantix::host;
 using namespace ::testing;
-using Place = std::array<double, 4>; // x, y, width, height
 
-class PageTest : public testsupport::HostTest
-{
-protected:
-    // Frames A (bottom), B and C (top) with their own places; A is made active again.
-    void makeThreeFrames()
-    {
-        m_a = m_frame;
-        m_b = host::addFrame();
-        m_c = host::addFrame();
-        host::setFramePlacement(m_a, {0.5, 0.25, 4.0, 3.0});
-        host::setFramePlacement(m_b, {5.0, 1.0, 2.0, 6.0});
-        host::setFramePlacement(m_c, {1.0, 4.0, 3.5, 4.0});
-        host::activateFrame(m_a);
-    }
-
-    static Place ActivePlace()
-    {
-        Place p;
-        VtxUtilFrameGetPosAndSize(&p[0], &p[1], &p[2], &p[3]);
-        return p;
-    }
-
-    UniqueID_t m_a = 0, m_b = 0, m_c = 0;
-};
-
-TEST_F(PageTest, TheActiveFramesPositionAndSizeAreItsPlaceOnThePaper)
-{
-    EXPECT_EQ((Place{0.25, 0.25, 10.5, 8.0}), ActivePlace());
-    makeThreeFrames();
-    for (const auto& [frame, place] :
-         {std::make_pair(m_a, Place{0.5, 0.25, 4.0, 3.0}), std::make_pair(m_b, Place{5.0, 1.0, 2.0, 6.0}),
-          std::make_pair(m_c, Place{1.0, 4.0, 3.5, 4.0})})
-    {
-        host::activateFrame(frame);
-        EXPECT_EQ(place, ActivePlace());
-        const host::FramePlacement p = host::framePlacement(frame);
-        EXPECT_EQ(place, (Place{p.x, p.y, p.width, p.height}));
-    }
-}
+using PageTest = testsupport::HostTest;
 
 TEST_F(PageTest, FramePlacementsAndThePaperRefuseSizesThatAreNotPositive)
 {
@@ -110,41 +70,6 @@ TEST_F(PageTest, AnUnknownUnitCodeIsReportedAndTheValueComesBackUnchanged)
                                                     HasSubstr("VtxUtilConvertYDimension" + codes)));
         host::clearHostErrors();
     }
-}
-
-TEST_F(PageTest, TheLightweightWalkVisitsEveryFrameFromTheTopAndRestoresTheActiveFrame)
-{
-    makeThreeFrames();
-    const auto stack = host::frameStack();
-    for (const UniqueID_t startingFrame : {m_a, m_b, m_c})
-    {
-        host::activateFrame(startingFrame);
-        std::vector<std::pair<UniqueID_t, Place>> visited;
-        ASSERT_TRUE(VtxUtilFrameLightweightPopStart());
-        do
-        {
-            visited.emplace_back(VtxUtilFrameGetUniqueID(), ActivePlace());
-            EXPECT_THAT(host::frameStack(), ElementsAreArray(stack)) << "the stacking order never changes";
-        } while (VtxUtilFrameLightweightPopNext());
-        EXPECT_FALSE(VtxUtilFrameLightweightPopNext()) << "and stays at the end";
-        VtxUtilFrameLightweightPopEnd();
-        EXPECT_THAT(visited, ElementsAre(std::make_pair(m_c, Place{1.0, 4.0, 3.5, 4.0}),
-                                         std::make_pair(m_b, Place{5.0, 1.0, 2.0, 6.0}),
-                                         std::make_pair(m_a, Place{0.5, 0.25, 4.0, 3.0})));
-        EXPECT_EQ(startingFrame, host::activeFrame());
-        EXPECT_THAT(host::frameStack(), ElementsAreArray(stack));
-    }
-}
-
-TEST_F(PageTest, TheLightweightWalkOverOneFrameEndsAtOnceAndOverNoFrameDoesNotStart)
-{
-    ASSERT_TRUE(VtxUtilFrameLightweightPopStart());
-    EXPECT_EQ(m_frame, VtxUtilFrameGetUniqueID());
-    EXPECT_FALSE(VtxUtilFrameLightweightPopNext());
-    VtxUtilFrameLightweightPopEnd();
-    EXPECT_EQ(m_frame, host::activeFrame());
-    host::reset();
-    EXPECT_FALSE(VtxUtilFrameLightweightPopStart());
 }
 
 TEST_F(PageTest, AWalkStepOrEndWithoutAStartIsReported)
