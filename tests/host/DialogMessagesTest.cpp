@@ -85,15 +85,14 @@ TEST_F(DialogMessagesTest, FileDialogsHandBackTheScriptedNamesInHostStrings)
     host::scriptAnswer(true); // questions have their own script
     EXPECT_EQ(3u, host::pendingScriptedAnswers());
     // clang-format off
-    const std::tuple<SelectFileOption_e, std::optional<std::string>, bool, std::string, std::string> cases[] = {
-        {SelectFileOption_WriteFile, "/tmp/run1", true, "(write)", "chose \"/tmp/run1\""},
-        {SelectFileOption_ReadSingleFile, std::nullopt, true, "(read)", "cancelled"},
-        {SelectFileOption_WriteFile, std::nullopt, false, "(write)", "cancelled (no one to answer)"},
+    const std::tuple<SelectFileOption_e, std::optional<std::string>, std::string, std::string> cases[] = {
+        {SelectFileOption_WriteFile, "/tmp/run1", "(write)", "chose \"/tmp/run1\""},
+        {SelectFileOption_ReadSingleFile, std::nullopt, "(read)", "cancelled"},
+        {SelectFileOption_WriteFile, std::nullopt, "(write)", "cancelled (no one to answer)"},
     };
     // clang-format on
-    for (const auto& [option, chosen, scripted, mode, outcome] : cases)
+    for (const auto& [option, chosen, mode, outcome] : cases)
     {
-        host::clearUserMessages();
         testing::internal::CaptureStderr();
         char unrelated = 0;
         char* name = &unrelated; // must be overwritten
@@ -106,11 +105,6 @@ TEST_F(DialogMessagesTest, FileDialogsHandBackTheScriptedNamesInHostStrings)
                       " for Key Frame Animation files *.keyframe, offering \"animation.keyframe\": " +
                       outcome + "\n",
                   testing::internal::GetCapturedStderr());
-        const host::UserMessage m = host::userMessages().at(0);
-        EXPECT_EQ(std::make_tuple(Kind::FileDialog, option, chosen.has_value(), scripted, chosen.value_or(""),
-                                  "Key Frame Animation", "animation.keyframe", "*.keyframe"),
-                  std::make_tuple(m.kind, m.fileOption, m.answer, m.scripted, m.fileName, m.fileTypeName,
-                                  m.defaultFileName, m.filter));
     }
     EXPECT_EQ(1u, host::pendingScriptedAnswers());
 }

@@ -41,25 +41,6 @@ protected:
     static std::vector<std::string> Items(int control) { return host::guiElement(control).items; }
 };
 
-TEST_F(GuiModelTest, DialogsAreMadeWithTheirTitleSizeParentAndButtons)
-{
-    const int parent = Dialog("Model Parent");
-    const GuiActionCallback_pf f = NoAction, o = nullptr;
-    const int ids[] = {VtxGUIDialogCreateModeless(GuiId_MainWindow, 4870, 2620, "Model Modeless", f, f, f),
-                       VtxGUIDialogCreateModeless(parent, 4870, 2620, "Model Bare", o, o, o),
-                       VtxGUIDialogCreateModal(parent, 5844, 2503, "Model Modal", f, f, o, f, f),
-                       VtxGUIDialogCreateModal(GuiId_MainWindow, 5844, 2503, "Model Full", o, f, f, f, o)};
-    std::string shown = DescribeTree(parent); // dialogs are not their parent's controls
-    for (const int id : ids)
-        shown += DescribeTree(id);
-    EXPECT_EQ("dialog Model Parent @0,0,1000,800 modeless [Close] in the main window\n"
-              "dialog Model Modeless @0,0,4870,2620 modeless [Close] [Help] in the main window\n"
-              "dialog Model Bare @0,0,4870,2620 modeless in Model Parent\n"
-              "dialog Model Modal @0,0,5844,2503 modal [OK] [Cancel] [Help] in Model Parent\n"
-              "dialog Model Full @0,0,5844,2503 modal [OK] [Apply] [Cancel] in the main window\n",
-              shown);
-}
-
 TEST_F(GuiModelTest, ControlsKeepTheirKindPlaceLabelOrderAndWhatIsSetOnThem)
 {
     const int d = Dialog("Controls", 6000, 3000);
