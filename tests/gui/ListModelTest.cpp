@@ -86,22 +86,6 @@ TEST_F(ListModelTest, EndIsOnePastTheLastItemAndMeansNotFound)
     EXPECT_EQ("No items available.", NumberModel().emptyModelMessage());
 }
 
-TEST_F(ListModelTest, TheFirstObserverRebuildsAndTheLastOneLeavingFreesMemory)
-{
-    m_model.addObserver(m_a);
-    m_model.addObserver(m_a); // kept once
-    Attach();
-    m_model.report(ChangeInfo_s::ItemsUpdated, {1});
-    m_model.removeObserver(m_a);
-    const std::pair<int, int> withB(m_model.rebuilds, m_model.frees);
-    m_model.removeObserver(m_b);
-    m_model.removeObserver(m_b); // not attached, but none is left: memory is freed again
-    m_model.addObserver(m_a);    // a model left alone rebuilds for its next first observer
-    EXPECT_THAT(m_log, ElementsAre("a:2[1]", "b:2[1]"));
-    EXPECT_EQ(std::make_pair(1, 0), withB);
-    EXPECT_EQ(std::make_pair(2, 2), std::make_pair(m_model.rebuilds, m_model.frees));
-}
-
 TEST_F(ListModelTest, EachObserverHearsEveryChangeInOrderAndAResetRebuildsTheModelFirst)
 {
     // Nobody to tell: the change is dropped, and the first observer, starting from the current contents,
