@@ -1,4 +1,4 @@
-// Pictures of the page: the projection of a view, reference pictures of a simple scene, the lights, the
+// Pictures of the page: the projection of a view, reference pictures of a simple scene, the
 // streamtrace markers and dashes, the frame axis, colours over time, regions of several frames, the
 // redraw hook and PNG files.
 //
@@ -19,7 +19,6 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
-#include <numeric>
 #include <stdexcept>
 
 namespace
@@ -208,31 +207,6 @@ TEST_F(RenderTest, OrthographicAndPerspectivePicturesOfASimpleSceneMatchTheirRef
             host::writePng(image, (fs::temp_directory_path() / (name + "-actual.png")).string());
     }
     EXPECT_GT(DifferentPixels(pictures[0], pictures[1], 12), 20) << "the projection makes no difference";
-}
-
-TEST_F(RenderTest, TheLightsReachThePictureAndBothAtZeroMakeItBlack)
-{
-    host::loadDemoDataSet();
-    SetStreamTiming(0.0, 1.0, true, true);
-    const auto brightness = []
-    {
-        const Image image = Render();
-        return std::accumulate(image.rgb.begin(), image.rgb.end(), 0.0) / double(image.rgb.size());
-    };
-    const double full = brightness();
-    // The lights, and the lowest and highest mean brightness as fractions of the default lights'.
-    const std::array<double, 4> cases[] = {
-        {75.0, 25.0, 1.0, 1.0},  {0.0, 25.0, 0.05, 0.6}, {75.0, 0.0, 0.5, 0.95},
-        {100.0, 50.0, 1.0, 2.0}, {0.0, 0.0, 0.0, 0.0}, // a fade to black reaches black
-    };
-    for (const auto& [intensity, background, lowest, highest] : cases)
-    {
-        host::setStyle({"GlobalThreeD", "LightSource", "Intensity"}, intensity);
-        host::setStyle({"GlobalThreeD", "LightSource", "BackgroundLight"}, background);
-        const double mean = brightness();
-        EXPECT_TRUE(mean >= lowest * full - 1e-9 && mean <= highest * full + 1e-9)
-            << intensity << " " << background << ": " << mean << " of " << full;
-    }
 }
 
 TEST_F(RenderTest, MarkersAndDashesShowOnlyWhenAskedForAndMoveWithTheAnchor)
