@@ -1,5 +1,5 @@
-// The key frame list as a document: what each edit changes, what it tells the list's observers, and the
-// indices it refuses.
+// The key frame list as a document: what each edit changes, what it tells the list's observers of updates
+// (inserts and removals: the list view tests), and the indices it refuses.
 #include "document/ListModelKeyFrame.h"
 
 #include <support/AddOnTest.h>
@@ -41,40 +41,6 @@ protected:
     ListModelKeyFrame m_model;
     std::vector<Change> m_changes;
 };
-
-TEST_F(ListModelKeyFrameTest, InsertingAndRemovingMovesRowsAndReportsTheirIndices)
-{
-    const auto added = ChangeInfo_s::ItemsAdded, deleted = ChangeInfo_s::ItemsDeleted;
-    // index: where to insert, or the first row removed; end() is one past the last row.
-    // clang-format off
-    for (const auto& [before, index, inserted, removed, after, change] :
-         std::vector<std::tuple<std::string, unsigned long, std::string, unsigned long, std::string, Change>>{
-             {"abc", 4, "d", 0, "abcd", {added, {3}}},
-             {"a", 99, "d", 0, "ad", {added, {98}}}, // anything beyond the last row appends, as end() does
-             {"ab", 0, "d", 0, "dab", {added, {0}}},
-             {"ab", 2, "d", 0, "abd", {added, {2}}},
-             {"ab", 1, "xyz", 0, "axyzb", {added, {1, 2, 3}}},
-             {"", 1, "d", 0, "d", {added, {0}}},
-             {"a", 0, "", 0, "a", {added, {}}},
-             {"abc", 1, "", 1, "ac", {deleted, {1}}},
-             {"abc", 0, "", 3, "", {deleted, {0, 1, 2}}},
-             {"ab", 1, "", 0, "ab", {deleted, {}}}})
-    // clang-format on
-    {
-        SCOPED_TRACE(before + " at " + std::to_string(index) + ": " + after);
-        fill(before);
-        if (change.first == added && inserted.size() == 1)
-            m_model.insertItem(index, Keys(inserted)[0]);
-        else if (change.first == added)
-            m_model.insertItems(index, Keys(inserted));
-        else if (removed == 1)
-            m_model.removeItem(index);
-        else
-            m_model.removeItems(index, removed);
-        EXPECT_EQ(Keys(after), m_model.dataList());
-        EXPECT_EQ(std::vector<Change>{change}, m_changes);
-    }
-}
 
 TEST_F(ListModelKeyFrameTest, OnlyNamesAndWholeKeyFramesAreReportedAsUpdates)
 {
