@@ -13,8 +13,6 @@ using namespace testhelpers;
 
 // Frame counts 12 and 12: 25 frames, faded in over frames 0 to 2 and out over frames 23 and 24.
 const std::uint64_t FramesPerSegment = 12;
-// The percent checks of the view computation, one per computed view, before the first frame is drawn.
-const int ChecksBeforeTheFirstFrame = 2 * int(FramesPerSegment - 1);
 
 class AnimateToFileEndToEndTest : public AnimationTest
 {
@@ -91,21 +89,4 @@ TEST_F(AnimateToFileEndToEndTest,
                                  testsupport::Probed(probed, "width") + " " +
                                  testsupport::Probed(probed, "r_frame_rate"));
     ExpectHostAsBefore();
-}
-
-TEST_F(AnimateToFileEndToEndTest, AnAnimationCanceledHalfWayLeavesNoMovieAndTheHostAsBefore)
-{
-    for (const char* format : {"MPEG4", "AVI", "RASTERMETAFILE"})
-    {
-        ExportTo(format, std::string("flight.") + format);
-        const long nextFramesBefore = Calls("VtxUtilExportNextFrame");
-        vantix::host::scriptCancelAtCheck(ChecksBeforeTheFirstFrame + 12);
-        EXPECT_THROW_MSG(RunAnimation(), KeyFrameError, CanceledMessage) << format;
-        // Twelve frames went into the file before it was abandoned.
-        EXPECT_EQ(11, Calls("VtxUtilExportNextFrame") - nextFramesBefore) << format;
-        ExpectHostAsBefore();
-        EXPECT_TRUE(fs::is_empty(m_folder.path())) << format;
-    }
-    EXPECT_EQ(3, Calls("VtxUtilExportCancel"));
-    EXPECT_EQ(0, Calls("VtxUtilExportFinish"));
 }

@@ -102,16 +102,3 @@ TEST_F(TextFieldValidatorTest, AcceptsANumberWithinTheBoundsInForceAndTellsWhich
         {{}, {}, "1234567", "1.23457e+06", ""},
     });
 }
-
-TEST_F(TextFieldValidatorTest, AnUnboundValidatorChangesItsValueButWritesToNoField)
-{
-    VtxGUITextFieldSetString(m_field, "untouched");
-    const long writesBefore = vantix::host::callCount("VtxGUITextFieldSetString");
-    TextFieldValidator<int> unbound(3, 1, 9);
-    EXPECT_TRUE(unbound.validate("8"));
-    EXPECT_FALSE(unbound.validate("0"));
-    unbound.setMaximum(5);
-    EXPECT_EQ(
-        std::make_tuple(5, writesBefore, std::string("untouched")),
-        std::make_tuple(unbound.m_value, vantix::host::callCount("VtxGUITextFieldSetString"), FieldText()));
-}

@@ -91,18 +91,4 @@ TEST_F(StyleTest, WritesAreTypedAndCheckedAndResetRestoresTheDefaults)
     EXPECT_EQ(StyleData(75.0), host::style({"GlobalThreeD", "LightSource", "Intensity"}));
 }
 
-TEST_F(StyleTest, WritesAreTracedByPath)
-{
-    host::setTracing(true);
-    StyleValue timing("StreamAttributes", "StreamTiming");
-    timing.setValue(2.5, nullptr, -1, -1, timing.initMacroIDsfromStyleValueNames("TimeAnchor"));
-    VtxUtilRedraw(TRUE);
-    EXPECT_THAT(
-        host::trace(),
-        ::testing::ElementsAre("StyleValue.set StreamAttributes/StreamTiming/TimeAnchor", "VtxUtilRedraw"));
-    EXPECT_EQ(std::make_tuple(1, 0),
-              std::make_tuple(host::callCount("VtxUtilRedraw"), host::callCount("VtxUtilViewRotate3D")));
-    EXPECT_THROW(host::callCount("VtxUtilNoSuchFunction"), std::invalid_argument);
-}
-
 } // namespace

@@ -152,27 +152,6 @@ TEST_F(ViewTest, WidthWrittenInPerspectiveDolliesTheViewer)
               std::make_tuple(fieldOfView, readWidth, isPerspective == TRUE));
 }
 
-TEST_F(ViewTest, AnglesAndThePositionWrittenAsStyleDoNotOrbit)
-{
-    const ViewState before = LookingAt(10.0, 10.0, 10.0);
-    StyleValue view("ThreeDView");
-    for (const char* angle : {"PSIAngle", "ThetaAngle", "AlphaAngle"})
-        ASSERT_EQ(SetValueReturnCode_Ok,
-                  view.setValue(200.0, nullptr, -1, -1, view.initMacroIDsfromStyleValueNames(angle)));
-    const ViewState after = host::view();
-    EXPECT_EQ((Point{-160.0, -160.0, -160.0}), (Point{after.psi, after.theta, after.alpha}));
-    EXPECT_EQ(Viewer(before), Viewer(after));
-
-    for (const auto& [axis, value] :
-         {std::make_pair("X", 7.0), std::make_pair("Y", 8.0), std::make_pair("Z", 9.0)})
-        ASSERT_EQ(SetValueReturnCode_Ok,
-                  view.setValue(value, nullptr, -1, -1,
-                                view.initMacroIDsfromStyleValueNames("ViewerPosition", axis)));
-    Point viewer;
-    ASSERT_TRUE(VtxUtilThreeDViewGetViewerPos(&viewer[0], &viewer[1], &viewer[2]));
-    EXPECT_EQ((Point{7.0, 8.0, 9.0}), viewer);
-}
-
 TEST_F(ViewTest, FramesThatAreNotThreeDimensionalHaveNoView)
 {
     host::setPlotType(PlotType_Cartesian2D);
