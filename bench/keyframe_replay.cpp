@@ -31,6 +31,8 @@
 #include "document/KeyFrameFile.h"
 #include "document/ListModelKeyFrame.h"
 
+#include <support/TempFolder.h>
+
 #include <vantix/host/Events.h>
 #include <vantix/host/Export.h>
 #include <vantix/host/Host.h>
@@ -193,13 +195,6 @@ Demo ReadDemo(const fs::path& file, const fs::path& folder, int width, const fs:
     return demo;
 }
 
-void WriteFile(const fs::path& path, const std::string& text)
-{
-    std::ofstream out(path, std::ios::binary | std::ios::trunc);
-    if (!(out << text).flush())
-        throw std::runtime_error("cannot write " + path.string());
-}
-
 // The page the vantix program starts with; the add-on stays registered.
 void FreshPage(bool withData)
 {
@@ -235,36 +230,16 @@ void Pairs(int count, const std::function<void()>& prepare, const std::function<
     }
 }
 
-// A work folder of the run's own, removed with everything in it however the run ends.
-struct WorkFolder
-{
-    explicit WorkFolder(const fs::path& parent)
-    {
-        std::string pattern = (parent / "keyframe_replay.XXXXXX").string();
-        if (!mkdtemp(pattern.data()))
-            throw std::runtime_error("cannot make a work folder in " + parent.string());
-        path = pattern;
-    }
-    WorkFolder(const WorkFolder&) = delete;
-    WorkFolder& operator=(const WorkFolder&) = delete;
-    ~WorkFolder()
-    {
-        std::error_code ignored;
-        fs::remove_all(path, ignored);
-    }
-    fs::path path;
-};
-
 int Run(int width, int runs, int pairs, const fs::path& parent)
 {
-    const WorkFolder workFolder(parent);
-    const fs::path& folder = workFolder.path;
+    const testsupport::TempFolder workFolder("keyframe_replay", parent);
+    const fs::path& folder = workFolder.path();
     const fs::path examples = EXAMPLES_FOLDER;
     fs::copy_file(examples / "aircraft_flyaround.keyframe", folder / "aircraft_flyaround.keyframe");
     const Demo demo = ReadDemo(examples / "keyframe_demo.mcr", folder, width, folder / "direct.mp4");
-    WriteFile(folder / "whole.mcr", demo.whole);
-    WriteFile(folder / "setup.mcr", demo.setUp);
-    WriteFile(folder / "animate.mcr", demo.animateOnScreen);
+    testsupport::WriteFile(folder / "whole.mcr", demo.whole);
+    testsupport::WriteFile(folder / "setup.mcr", demo.setUp);
+    testsupport::WriteFile(folder / "animate.mcr", demo.animateOnScreen);
     InitVtxAddOn113();
     std::printf("keyframe_replay: the demo macro at %d pixels wide, in %s\n", width, folder.c_str());
 

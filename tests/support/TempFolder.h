@@ -1,5 +1,5 @@
-// A fresh folder for the files of one test, removed with everything in it afterwards, and whole-file
-// reading and writing.
+// A fresh folder for the files of one test (or benchmark run), removed with everything in it afterwards, and
+// whole-file reading and writing.
 #pragma once
 
 #include <cstdlib>
@@ -15,11 +15,12 @@ namespace testsupport
 class TempFolder
 {
 public:
-    explicit TempFolder(const std::string& prefix = "vantix-test")
+    explicit TempFolder(const std::string& prefix = "vantix-test",
+                        const std::filesystem::path& parent = std::filesystem::temp_directory_path())
     {
-        std::string pattern = (std::filesystem::temp_directory_path() / (prefix + "-XXXXXX")).string();
+        std::string pattern = (parent / (prefix + "-XXXXXX")).string();
         if (!mkdtemp(pattern.data()))
-            throw std::runtime_error("cannot make a temporary folder");
+            throw std::runtime_error("cannot make a temporary folder in " + parent.string());
         m_path = pattern;
     }
     TempFolder(const TempFolder&) = delete;
