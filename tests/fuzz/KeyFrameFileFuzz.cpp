@@ -12,28 +12,24 @@
 // same text. The only key frames that the format cannot carry back are those without a name or without a
 // frame count; for them the reading error of exactly that line is expected instead.
 //
-// Usage: keyframe_file_fuzz [mutants] [seed]   (defaults: 5000 mutants, seed 1)
-// Mutant i is made from the number seed + i alone (the valid files do not depend on the seed), so
-// "keyframe_file_fuzz 1 S" makes again the one mutant reported with seed S. A failing mutant is saved in
-// the current folder as keyframe_file_fuzz_failure_S.keyframe.
+// Usage, reproduction and the checks of every fuzz program: FuzzDriver.h.
 #include "core/KeyFrameError.h"
 #include "core/Settings.h"
 #include "document/KeyFrameFile.h"
 #include "document/ListModelKeyFrame.h"
 
+#include "FuzzDriver.h"
+
 #include "../support/KeyFrameExample.h"
 #include "../support/TempFolder.h"
 
 #include <algorithm>
-#include <cctype>
-#include <cerrno>
-#include <chrono>
 #include <cmath>
-#include <cstdio>
-#include <random>
 #include <tuple>
 
 using namespace vantix::vtxutiltools;
+using fuzz::Finding;
+using fuzz::Random;
 
 namespace
 {
@@ -50,16 +46,15 @@ const std::string HandEditedText =
     " Angle 0 0 0\n FrameCount 7";
 
 // clang-format off
-const std::vector<std::string> ExtremeNumbers{
+const fuzz::Vocabulary Vocabulary{{
     "1e308", "-1e308", "1e309", "-0", "0", "nan", "NaN", "inf", "-inf", "99999999999999999999",
     "18446744073709551615", "18446744073709551616", "2147483647", "2147483648", "-2147483649", "-1", "1e150",
-    "1e151", "-1e150", "4.9e-324", "1e-400", "0x1p3", "+-1", "1e", ".", "-", "1.5.5", ""};
-
-const std::vector<std::string> StrayLines{
+    "1e151", "-1e150", "4.9e-324", "1e-400", "0x1p3", "+-1", "1e", ".", "-", "1.5.5", ""}, {
     "%Settings", "%KeyFrameView", "%settings extra", " Position 1 2", " Position 1 2 3 4", " Angle zero 0 0",
     " Name \"", " Name \"\"", " Name unquoted", " FrameCount -1", " FrameCount 0", " NumCycles 0",
     " NumCycles -5", " Width 1e151", " AnimateTime True", " TimeAnimationOperation bounce",
-    " SolutionTime nan", "#!KeyFrame 2", "", " \t ", " Zoom 3"};
+    " SolutionTime nan", "#!KeyFrame 2", "", " \t ", " Zoom 3"},
+    {" Position", " Name \""}};
 // clang-format on
 
 const std::vector<std::string> PlainMessages{"Invalid file header.",
@@ -68,45 +63,23 @@ const std::vector<std::string> PlainMessages{"Invalid file header.",
 const std::string ReadingErrorPrefix = "Error reading key frame settings file.\n\n";
 const std::string LineNumberLead = "\n\nError occurred on line number ";
 
-// A failure of the reader that the run reports, with the mutant kept for reproduction.
-struct Finding : std::runtime_error
+// Anything from tiny to huge, with exact small values and signed zeros among them; magnitudes up to
+// 10^maximumExponent.
+double Number(Random& random, int maximumExponent)
 {
-    using std::runtime_error::runtime_error;
-};
-
-// The seeded random choices that valid files and mutants are made of.
-struct Random : std::mt19937_64
-{
-    using std::mt19937_64::mt19937_64;
-    std::size_t below(std::size_t count)
+    switch (random.below(5))
     {
-        return std::uniform_int_distribution<std::size_t>(0, count - 1)(*this);
+    case 0:
+        return static_cast<double>(static_cast<int>(random.below(2001)) - 1000);
+    case 1:
+        return std::uniform_real_distribution<double>(-1000.0, 1000.0)(random);
+    case 2:
+        return random.oneIn(2) ? 0.0 : -0.0;
     }
-    bool oneIn(std::size_t count) { return below(count) == 0; }
-    template <typename T>
-    const T& pick(const std::vector<T>& choices)
-    {
-        return choices[below(choices.size())];
-    }
-
-    // Anything from tiny to huge, with exact small values and signed zeros among them; magnitudes up to
-    // 10^maximumExponent.
-    double number(int maximumExponent)
-    {
-        switch (below(5))
-        {
-        case 0:
-            return static_cast<double>(static_cast<int>(below(2001)) - 1000);
-        case 1:
-            return std::uniform_real_distribution<double>(-1000.0, 1000.0)(*this);
-        case 2:
-            return oneIn(2) ? 0.0 : -0.0;
-        }
-        const double mantissa = std::uniform_real_distribution<double>(1.0, 10.0)(*this);
-        const int exponent = std::uniform_int_distribution<int>(-300, maximumExponent - 1)(*this);
-        return (oneIn(2) ? -mantissa : mantissa) * std::pow(10.0, exponent);
-    }
-};
+    const double mantissa = std::uniform_real_distribution<double>(1.0, 10.0)(random);
+    const int exponent = std::uniform_int_distribution<int>(-300, maximumExponent - 1)(random);
+    return (random.oneIn(2) ? -mantissa : mantissa) * std::pow(10.0, exponent);
+}
 
 // No double quote and no line break in a name, so that a saved name reads back whole.
 std::string Saved(const std::filesystem::path& path, Random& random, std::size_t count)
@@ -115,10 +88,10 @@ std::string Saved(const std::filesystem::path& path, Random& random, std::size_t
     std::vector<KeyFrame_s> keyFrames;
     for (count = count ? count : 1 + random.below(12); keyFrames.size() < count;)
     {
-        const View view(random.number(308), random.number(308), random.number(308), random.number(308),
-                        random.number(308), random.number(308), random.number(150));
+        const View view(Number(random, 308), Number(random, 308), Number(random, 308), Number(random, 308),
+                        Number(random, 308), Number(random, 308), Number(random, 150));
         const std::uint64_t frameCount = random.oneIn(8) ? UINT64_MAX : 1 + random.below(1000);
-        const double solutionTime = random.number(308);
+        const double solutionTime = Number(random, 308);
         std::string name(1 + random.below(20), ' ');
         for (char& c : name)
             c = letters[random.below(letters.size())];
@@ -145,102 +118,6 @@ std::vector<std::string> ValidFiles(const std::filesystem::path& folder)
     for (const std::size_t count : {0, 0, 0, 0, 0, 0, 0, 0, 400})
         files.push_back(Saved(folder / "valid.keyframe", random, count));
     return files;
-}
-
-std::vector<std::string> SplitLines(const std::string& text)
-{
-    std::vector<std::string> lines{""};
-    for (const char c : text)
-        if (c == '\n')
-            lines.emplace_back();
-        else
-            lines.back().push_back(c);
-    return lines;
-}
-
-std::string JoinLines(const std::vector<std::string>& lines)
-{
-    std::string text = lines.front();
-    for (std::size_t i = 1; i < lines.size(); ++i)
-        text += "\n" + lines[i];
-    return text;
-}
-
-// The places where a white-space-delimited word that looks like a number starts, and its length.
-std::vector<std::pair<std::size_t, std::size_t>> NumberWords(const std::string& text)
-{
-    const auto space = [&](std::size_t i) { return std::isspace(static_cast<unsigned char>(text[i])) != 0; };
-    std::vector<std::pair<std::size_t, std::size_t>> words;
-    for (std::size_t i = 0; i < text.size();)
-    {
-        while (i < text.size() && space(i))
-            ++i;
-        const std::size_t start = i;
-        while (i < text.size() && !space(i))
-            ++i;
-        const char first = start < text.size() ? text[start] : ' ';
-        if (i > start && (std::isdigit(static_cast<unsigned char>(first)) || first == '-' || first == '.'))
-            words.emplace_back(start, i - start);
-    }
-    return words;
-}
-
-void Mutate(std::string& text, Random& random)
-{
-    const std::size_t position = random.below(text.size() + 1);
-    const std::size_t kind = random.below(14);
-    std::vector<std::string> lines = SplitLines(text);
-    const std::size_t line = lines.size();
-    if (kind == 0 && !text.empty())
-        text[random.below(text.size())] ^= static_cast<char>(1u << random.below(8));
-    else if (kind == 1)
-        text.insert(position, 1, static_cast<char>(random.below(256)));
-    else if (kind == 2)
-        text.erase(position, 1 + random.below(8));
-    else if (kind >= 3 && kind <= 5)
-    {
-        const std::size_t from = random.below(line), to = random.below(line);
-        if (random.below(3) == 0)
-            lines.insert(lines.begin() + static_cast<long>(to), lines[from]);
-        else if (random.below(2) == 0 && line > 1)
-            lines.erase(lines.begin() + static_cast<long>(from));
-        else
-            std::swap(lines[from], lines[to]);
-        text = JoinLines(lines);
-    }
-    else if (const auto words = NumberWords(text); (kind == 6 || kind == 7) && !words.empty())
-    {
-        const auto& word = random.pick(words);
-        text.replace(word.first, word.second, random.pick(ExtremeNumbers));
-    }
-    else if (kind == 8)
-        text.insert(position, 1, random.oneIn(2) ? '\0' : '\xff');
-    else if (kind == 9)
-        text.resize(position);
-    else if (kind == 10)
-        for (std::size_t i = position - std::min<std::size_t>(position, 20);
-             i < std::min(text.size(), position + 20); ++i)
-        {
-            const auto c = static_cast<unsigned char>(text[i]);
-            if (random.oneIn(2) && std::isalpha(c))
-                text[i] = static_cast<char>(std::isupper(c) ? std::tolower(c) : std::toupper(c));
-        }
-    else if (kind == 11)
-        text.insert(position, random.oneIn(2) ? "\r" : "\r\n");
-    else if (kind == 12)
-    {
-        lines.insert(lines.begin() + static_cast<long>(random.below(line + 1)), random.pick(StrayLines));
-        text = JoinLines(lines) + (random.oneIn(4) ? "\n" : "");
-    }
-    // Rare, for their cost under the sanitizers: a line of very many numbers, or of one long word.
-    else if (kind == 13 && random.oneIn(10))
-    {
-        const std::string unit = random.oneIn(2) ? " 1" : "x";
-        std::string longLine = random.oneIn(2) ? " Position" : " Name \"";
-        for (std::size_t i = 0, count = 20000 + random.below(80000); i < count; ++i)
-            longLine += unit;
-        text.insert(position, "\n" + longLine + "\n");
-    }
 }
 
 auto Fields(const Settings_s& s)
@@ -383,15 +260,9 @@ void CheckAcceptance(const std::filesystem::path& folder, const Document& docume
         throw Finding("saving what was read back gives another text");
 }
 
-// Makes mutant seed from a valid file and reads it; true when the read succeeded. Any exception other than
-// the reader's own is a finding.
-bool Run(std::uint64_t seed, const std::vector<std::string>& validFiles, const std::filesystem::path& folder,
-         std::string& mutant)
+// Reads mutant; a read that fails must leave the document as it was, one that succeeds must survive saving.
+fuzz::Outcome Check(const std::string& mutant, const std::filesystem::path& folder)
 {
-    Random random(seed);
-    mutant = random.pick(validFiles);
-    for (std::size_t edits = 1 + random.below(4); edits > 0; --edits)
-        Mutate(mutant, random);
     testsupport::WriteFile(folder / "mutant.keyframe", mutant);
     Document document;
     const std::string message = document.read(folder / "mutant.keyframe");
@@ -399,58 +270,15 @@ bool Run(std::uint64_t seed, const std::vector<std::string>& validFiles, const s
         CheckAcceptance(folder, document);
     else
         CheckRejection(mutant, message, document);
-    return message.empty();
+    return {message.empty(), message};
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    unsigned long long mutants = 5000, firstSeed = 1, read = 0, accepted = 0, failures = 0;
-    const auto parse = [&](int i, unsigned long long& value)
-    {
-        char* end = nullptr;
-        errno = 0;
-        value = std::strtoull(argv[i], &end, 10);
-        return *argv[i] != '\0' && *argv[i] != '-' && *end == '\0' && errno == 0;
-    };
-    if (argc > 3 || (argc > 1 && !parse(1, mutants)) || (argc > 2 && !parse(2, firstSeed)))
-    {
-        std::fprintf(stderr, "usage: keyframe_file_fuzz [mutants] [seed]\n");
-        return 2;
-    }
-
-    const auto start = std::chrono::steady_clock::now();
     const testsupport::TempFolder folder("keyframe-file-fuzz");
-    const std::vector<std::string> validFiles = ValidFiles(folder.path());
-    for (; read < mutants && failures < 10; ++read)
-    {
-        const unsigned long long seed = firstSeed + read;
-        std::string mutant, finding;
-        try
-        {
-            accepted += Run(seed, validFiles, folder.path(), mutant) ? 1 : 0;
-            continue;
-        }
-        catch (const std::exception& error)
-        {
-            finding =
-                (dynamic_cast<const Finding*>(&error) ? "" : "an exception other than KeyFrameError: ") +
-                std::string(error.what());
-        }
-        catch (...)
-        {
-            finding = "an exception of no standard type";
-        }
-        ++failures;
-        const std::string kept = "keyframe_file_fuzz_failure_" + std::to_string(seed) + ".keyframe";
-        testsupport::WriteFile(kept, mutant);
-        std::fprintf(stderr, "seed %llu: %s\n  mutant saved as %s; repeat with: keyframe_file_fuzz 1 %llu\n",
-                     seed, finding.c_str(), kept.c_str(), seed);
-    }
-    std::printf("keyframe_file_fuzz: %llu mutants (seeds %llu to %llu), %llu accepted, %llu rejected, %llu "
-                "failures, %.1f s\n",
-                read, firstSeed, firstSeed + read - 1, accepted, read - accepted - failures, failures,
-                std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
-    return failures == 0 ? 0 : 1;
+    return fuzz::Main(argc, argv,
+                      {"keyframe_file_fuzz", ".keyframe", ValidFiles(folder.path()), Vocabulary, 64,
+                       [&](const std::string& mutant) { return Check(mutant, folder.path()); }});
 }
