@@ -1,6 +1,7 @@
 #include "macro/AddOnModules.h"
 
 #include "core/Application.h"
+#include "core/InputExcerpt.h"
 
 #include <algorithm>
 #include <dlfcn.h>
@@ -30,7 +31,8 @@ ModuleHandle::ModuleHandle(const std::string& path)
         // The loader names the file itself; once is enough.
         if (reason.compare(0, path.size() + 2, path + ": ") == 0)
             reason.erase(0, path.size() + 2);
-        throw std::runtime_error("cannot load the add-on module " + path + ": " + reason);
+        throw std::runtime_error("cannot load the add-on module " + InputExcerpt(path) + ": " +
+                                 InputExcerpt(reason));
     }
 }
 
@@ -71,8 +73,8 @@ void AddOnModules::load(const std::string& path)
         return;
     const auto entryPoint = reinterpret_cast<EntryPoint>(module.symbol(EntryPointName));
     if (!entryPoint)
-        throw std::runtime_error("cannot load the add-on module " + path + ": it has no entry point " +
-                                 EntryPointName);
+        throw std::runtime_error("cannot load the add-on module " + InputExcerpt(path) +
+                                 ": it has no entry point " + EntryPointName);
     m_started.push_back(std::move(module));
     entryPoint();
 }

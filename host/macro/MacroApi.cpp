@@ -1,6 +1,7 @@
 // The host's own API for macros (vantix/host/Macro.h).
 #include "core/Application.h"
 #include "macro/AddOnModules.h"
+#include "macro/MacroLineSource.h"
 #include "macro/MacroRunner.h"
 
 #include <vantix/host/Macro.h>
@@ -9,7 +10,6 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 #include <stdexcept>
 
 namespace vantix::host
@@ -36,17 +36,15 @@ MacroResult runMacroFile(const std::string& path)
     std::ifstream file(path, std::ios::binary);
     if (!file)
         return Unreadable(path, std::strerror(errno));
-    std::ostringstream text;
-    text << file.rdbuf();
-    if (file.bad())
-        return Unreadable(path, std::strerror(errno));
     const std::filesystem::path folder = std::filesystem::path(path).parent_path();
-    return detail::MacroRunner(path, folder.empty() ? std::filesystem::path(".") : folder).run(text.str());
+    detail::StreamMacroLines lines(file);
+    return detail::MacroRunner(path, folder.empty() ? std::filesystem::path(".") : folder).run(lines);
 }
 
 MacroResult runMacroText(const std::string& text, const std::string& name, const std::string& folder)
 {
-    return detail::MacroRunner(name, folder).run(text);
+    detail::TextMacroLines lines(text);
+    return detail::MacroRunner(name, folder).run(lines);
 }
 
 std::string recordedMacroText()

@@ -1,6 +1,7 @@
 #include "macro/MacroExecutor.h"
 
 #include "core/Application.h"
+#include "core/InputExcerpt.h"
 #include "events/StateChanges.h"
 #include "export/Exporter.h"
 #include "macro/AddOnModules.h"
@@ -21,6 +22,9 @@ namespace vantix::host::detail
 namespace
 {
 
+// A refusal of the host's own API shows one or two quoted pieces of the macro and says why.
+constexpr std::size_t ApiRefusalLength = 300;
+
 Application& App()
 {
     return Application::instance();
@@ -32,7 +36,8 @@ void RunAddOnCommand(const macro::AddOnCommand& command)
 {
     const MacroCommandCallback_pf callback = MacroCommandsOf(App()).find(command.addOnID);
     if (!callback)
-        throw MacroError("no add-on has registered macro commands under the id '" + command.addOnID + "'");
+        throw MacroError("no add-on has registered macro commands under the id '" +
+                         InputExcerpt(command.addOnID) + "'");
 
     std::vector<char> text(command.command.begin(), command.command.end());
     text.push_back('\0');
@@ -45,14 +50,15 @@ void RunAddOnCommand(const macro::AddOnCommand& command)
     catch (...)
     {
         // An add-on must not let an exception out; should one arrive anyway, it ends this command only.
-        throw MacroError("the macro command callback of add-on '" + command.addOnID + "' threw an exception");
+        throw MacroError("the macro command callback of add-on '" + InputExcerpt(command.addOnID) +
+                         "' threw an exception");
     }
     const std::string reason = message ? message : "";
     App().strings().release(&message);
     if (!done)
-        throw MacroError(reason.empty()
-                             ? "add-on '" + command.addOnID + "' refused the command without saying why"
-                             : reason);
+        throw MacroError(reason.empty() ? "add-on '" + InputExcerpt(command.addOnID) +
+                                              "' refused the command without saying why"
+                                        : reason);
 }
 
 [[noreturn]] void ExportFailed(const std::string& what)
@@ -157,8 +163,9 @@ void RunMacroCommand(const MacroCommand& command)
     catch (const std::exception& error)
     {
         // The host's own API reports its refusals (a file that cannot be read, an export setting it does
-        // not know) as exceptions whose message says why.
-        throw MacroError(error.what());
+        // not know) as exceptions whose message says why, and may quote a path or a value of the macro
+        // whole: the macro's message stays one line of bounded length all the same.
+        throw MacroError(InputExcerpt(error.what(), ApiRefusalLength));
     }
 }
 

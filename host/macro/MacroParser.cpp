@@ -1,5 +1,6 @@
 #include "macro/MacroParser.h"
 
+#include "core/InputExcerpt.h"
 #include "macro/MacroError.h"
 #include "macro/MacroText.h"
 #include "macro/MacroTokenizer.h"
@@ -32,6 +33,9 @@ public:
     {
         if (path.empty())
             fail("the file name is empty");
+        // The system would read the name only up to the NUL byte, and so open another file.
+        if (path.find('\0') != std::string::npos)
+            fail("the file name " + InputExcerpt(path) + " holds a NUL byte");
         const std::filesystem::path given(path);
         return (given.is_absolute() ? given : m_folder / given).lexically_normal().string();
     }
@@ -88,11 +92,11 @@ public:
         case MacroToken::Kind::Equals:
             return "\"=\"";
         case MacroToken::Kind::Text:
-            return "the quoted text " + QuoteMacroText(token.text, '"');
+            return "the quoted text " + InputExcerpt(QuoteMacroText(token.text, '"'));
         case MacroToken::Kind::Word:
             break;
         }
-        return "\"" + token.text + "\"";
+        return "\"" + InputExcerpt(token.text) + "\"";
     }
 
 private:
@@ -252,7 +256,7 @@ MacroCommand ParseExportSetup(Arguments& arguments)
     if (command.name.empty() || command.name.find_first_of(" \t'\"") != std::string::npos)
         arguments.fail("expected one word as the export setting's name before \"=\"");
     if (command.valueText.empty())
-        arguments.fail("the value of " + command.name + " is missing");
+        arguments.fail("the value of " + InputExcerpt(command.name) + " is missing");
 
     if (SameMacroWord(command.name, "ExportFName"))
     {
@@ -337,7 +341,7 @@ MacroCommand MacroParser::parse(std::string_view line) const
                                 m_folder);
             return syntax.parse(arguments);
         }
-    throw MacroError("unknown command $!" + std::string(word));
+    throw MacroError("unknown command $!" + InputExcerpt(word));
 }
 
 } // namespace vantix::host::detail

@@ -4,11 +4,14 @@
 #include "events/HostEvents.h"
 #include "macro/MacroError.h"
 #include "macro/MacroExecutor.h"
+#include "macro/MacroLineSource.h"
 #include "macro/MacroParser.h"
 #include "macro/MacroText.h"
 
+#include <algorithm>
 #include <exception>
 #include <filesystem>
+#include <limits>
 #include <system_error>
 #include <type_traits>
 
@@ -18,18 +21,8 @@ namespace vantix::host::detail
 namespace
 {
 
-// The next line of text from position on, without its line break (a carriage return before the line
-// feed included, for files written on Windows).
-std::string_view NextLine(std::string_view text, std::size_t& position)
-{
-    const std::size_t end = text.find('\n', position);
-    std::string_view line =
-        text.substr(position, end == std::string_view::npos ? std::string_view::npos : end - position);
-    position = end == std::string_view::npos ? text.size() + 1 : end + 1;
-    if (!line.empty() && line.back() == '\r')
-        line.remove_suffix(1);
-    return line;
-}
+// Editors that write UTF-8 may put a byte order mark before the first line.
+constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 
 // Rounds of the on-idle queue between two commands: enough for calls that queue others, bounded for a call
 // that always queues itself again.
@@ -76,40 +69,47 @@ MacroRunner::MacroRunner(std::string name, const std::filesystem::path& folder)
 {
 }
 
-MacroResult MacroRunner::run(std::string_view text) const
+MacroResult MacroRunner::run(MacroLineSource& lines) const
 {
     Application& app = Application::instance();
-    std::size_t position = 0;
-    const std::string_view header = NextLine(text, position);
-    const std::string_view trimmedHeader = header.substr(0, header.find_last_not_of(" \t") + 1);
-    if (trimmedHeader != MacroHeader)
+    std::string line;
+    const bool read = lines.next(line) == MacroLineSource::Read::Line;
+    std::string_view header = line;
+    if (header.substr(0, ByteOrderMark.size()) == ByteOrderMark)
+        header.remove_prefix(ByteOrderMark.size());
+    if (!read || header.substr(0, header.find_last_not_of(" \t") + 1) != MacroHeader)
         return failure(MacroResult::Status::NotAMacro, 1,
                        std::string("not a Vantix macro: the first line must be \"") + MacroHeader + "\"");
 
     const MacroParser parser(m_folder);
-    int lineNumber = 1;
-    while (position <= text.size())
+    // Counted wide: a stream of blank lines may never end.
+    for (long long lineNumber = 2;; ++lineNumber)
     {
-        const std::string_view line = TrimMacroBlanks(NextLine(text, position));
-        ++lineNumber;
-        if (line.empty() || line.front() == '#')
+        const MacroLineSource::Read next = lines.next(line);
+        if (next == MacroLineSource::Read::End)
+            return MacroResult();
+        if (next == MacroLineSource::Read::TooLong)
+            return failure(MacroResult::Status::Failed, lineNumber,
+                           "the line is longer than " + std::to_string(MacroLineLimit) + " bytes");
+        const std::string_view command = TrimMacroBlanks(line);
+        if (command.empty() || command.front() == '#')
             continue;
         // Ctrl-C while no progress line asks for it: stop before the next command rather than not at all.
         if (app.takeCancelSignal())
             return failure(MacroResult::Status::Failed, lineNumber, "cancelled before this command");
         try
         {
-            const MacroCommand command = parser.parse(line);
-            if (IsAddOnCommand(command))
+            const MacroCommand parsed = parser.parse(command);
+            if (IsAddOnCommand(parsed))
             {
                 // Add-ons record their own commands, when and as they see fit.
                 const WorkingFolder inTheMacrosFolder(m_folder);
-                RunMacroCommand(command);
+                RunMacroCommand(parsed);
             }
             else
             {
-                RunMacroCommand(command);
-                app.recordMacroLine(MacroCommandLine(command));
+                RunMacroCommand(parsed);
+                app.recordMacroLine(MacroCommandLine(parsed));
             }
         }
         catch (const std::exception& error)
@@ -118,7 +118,6 @@ MacroResult MacroRunner::run(std::string_view text) const
         }
         runIdleWork();
     }
-    return MacroResult();
 }
 
 void MacroRunner::runIdleWork()
@@ -126,11 +125,11 @@ void MacroRunner::runIdleWork()
     Events().onIdle.runUntilEmpty(IdleRoundsBetweenCommands);
 }
 
-MacroResult MacroRunner::failure(MacroResult::Status status, int line, const std::string& reason) const
+MacroResult MacroRunner::failure(MacroResult::Status status, long long line, const std::string& reason) const
 {
     MacroResult result;
     result.status = status;
-    result.line = line;
+    result.line = static_cast<int>(std::min<long long>(line, std::numeric_limits<int>::max()));
     result.message = m_name + ":" + std::to_string(line) + ": " + reason;
     return result;
 }

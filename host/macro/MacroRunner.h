@@ -1,15 +1,16 @@
-// Replays the text of a macro file: checks the header, then parses and runs one command after the other
-// until one fails, recording each host command while the host records a macro.
+// Replays a macro file line by line as it reads it: checks the header, then parses and runs one command
+// after the other until one fails, recording each host command while the host records a macro.
 #pragma once
 
 #include <vantix/host/Macro.h>
 
 #include <filesystem>
 #include <string>
-#include <string_view>
 
 namespace vantix::host::detail
 {
+
+class MacroLineSource;
 
 class MacroRunner
 {
@@ -17,10 +18,10 @@ public:
     // name stands for the macro in messages; relative paths in it are taken from folder.
     MacroRunner(std::string name, const std::filesystem::path& folder);
 
-    MacroResult run(std::string_view text) const;
+    MacroResult run(MacroLineSource& lines) const;
 
 private:
-    MacroResult failure(MacroResult::Status status, int line, const std::string& reason) const;
+    MacroResult failure(MacroResult::Status status, long long line, const std::string& reason) const;
     // The host is idle between commands, as the desktop program is after its events: the on-idle queue runs
     // until it is empty (a call that keeps queueing itself gets a bounded number of rounds).
     static void runIdleWork();

@@ -1,6 +1,7 @@
 #include "macro/MacroStyleValue.h"
 
 #include "core/Application.h"
+#include "core/InputExcerpt.h"
 #include "macro/MacroError.h"
 #include "macro/MacroText.h"
 
@@ -46,7 +47,7 @@ std::string ValueText(const MacroValue& value)
         return *on ? "TRUE" : "FALSE";
     if (const double* number = std::get_if<double>(&value))
         return FormatMacroNumber(*number);
-    return QuoteMacroText(std::get<std::string>(value), '"');
+    return InputExcerpt(QuoteMacroText(std::get<std::string>(value), '"'));
 }
 
 bool IsWholeNumber(double value)
@@ -88,9 +89,10 @@ bool Convert(const MacroValue& value, StyleKind kind, StyleData& data)
 
 void WriteMacroStyleValue(const std::vector<std::string>& path, const MacroValue& value)
 {
-    std::string pathText;
+    std::string names;
     for (const std::string& name : path)
-        pathText += (pathText.empty() ? "" : "/") + name;
+        names += (names.empty() ? "" : "/") + name;
+    const std::string pathText = InputExcerpt(names);
 
     StyleNode* node = const_cast<StyleNode*>(Application::instance().style().find(path));
     if (!node || !node->isSetting())

@@ -1,5 +1,6 @@
 #include "macro/MacroTokenizer.h"
 
+#include "core/InputExcerpt.h"
 #include "macro/MacroError.h"
 
 namespace vantix::host::detail
@@ -50,7 +51,7 @@ std::string ReadQuotedText(std::string_view arguments, std::size_t& position)
             text += '\r';
             break;
         default:
-            throw MacroError(std::string("unknown escape \\") + escaped +
+            throw MacroError("unknown escape \\" + InputExcerpt(std::string_view(&escaped, 1)) +
                              " in a quoted text (known: \\\\ \\' \\\" \\n \\r)");
         }
     }

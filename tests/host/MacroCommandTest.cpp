@@ -30,6 +30,7 @@ using testsupport::MacroTestAddOn;
 using testsupport::ReadFile;
 using testsupport::WriteFile;
 using Texts = std::vector<std::string>;
+using namespace std::string_literals;
 
 const char* const TriangleStl = "solid t\nfacet normal 0 0 1\nouter loop\nvertex 0 0 0\nvertex 1 0 0\n"
                                 "vertex 0 1 0\nendloop\nendfacet\nendsolid t\n";
@@ -193,6 +194,12 @@ TEST_F(MacroCommandTest, AFailingCommandStopsTheReplayNamingFileLineAndReason)
         {"REDRAW", "a command must begin with $!"},
         {"$! REDRAW", "a command word must follow $!"},
         {"$!FROBNICATE", "unknown command $!FROBNICATE"},
+        {"$!REDRAW\0"s, "unknown command $!REDRAW\\0"},
+        {"$!\x1b[31mRED", "unknown command $!\\x1b[31mRED"},
+        {"$!" + std::string(119, 'A') + "\xc3\xa9 = 1", "unknown command $!" + std::string(119, 'A') +
+                                                        "... (121 bytes)"},
+        {std::string(1 << 20, ' ') + "$!REDRAW", "the line is longer than 1048576 bytes"},
+        {"$!LOADDATA FILE = \"a\0b.stl\""s, "$!LOADDATA: the file name a\\0b.stl holds a NUL byte"},
         {"$!REDRAW now", "$!REDRAW: expected the end of the line, found \"now\""},
         {"$!ROTATE3DVIEW X = 30", rotate + "PSI, THETA or ALPHA, found \"X\""},
         {"$!ROTATE3DVIEW PSI 30", rotate + "\"=\", found \"30\""},
@@ -290,7 +297,7 @@ TEST_F(MacroCommandTest, OnlyAFileWithTheHeaderIsAMacroAndFilesAreNamedInMessage
     const std::pair<const char*, bool> texts[] = {
         {"", false}, {"#!vtxmacro 1\n$!REDRAW\n", false}, {" #!VTXMACRO 1\n$!REDRAW\n", false},
         {"#!VTXMACRO 1 x\n", false}, {"#!VTXMACRO 1\r\n$!REDRAW\r\n", true},
-        {"#!VTXMACRO 1  \t\n$!REDRAW", true}};
+        {"#!VTXMACRO 1  \t\n$!REDRAW", true}, {"\xef\xbb\xbf#!VTXMACRO 1\n$!REDRAW", true}};
     // clang-format on
     for (const auto& [text, macro] : texts)
     {
@@ -302,6 +309,11 @@ TEST_F(MacroCommandTest, OnlyAFileWithTheHeaderIsAMacroAndFilesAreNamedInMessage
                   std::make_tuple(result.status, result.line, result.message, host::redrawCount()))
             << text;
     }
+    // Read line by line: a file without line breaks is refused within the first long line.
+    EXPECT_EQ(MacroResult::Status::NotAMacro, host::runMacroFile("/dev/zero").status);
+    WriteFile(file, std::string(host::MacroHeader) + "\n$!REDRAW\n" + std::string(1 << 20, '#') + "x\n");
+    EXPECT_EQ(file.string() + ":3: the line is longer than 1048576 bytes",
+              host::runMacroFile(file.string()).message);
     const std::string missing = (m_folder / "missing.mcr").string();
     const MacroResult unreadable = host::runMacroFile(missing);
     EXPECT_EQ(std::make_tuple(MacroResult::Status::Unreadable, 0,
