@@ -10,6 +10,7 @@
 
 #include <boost/algorithm/string/trim.hpp>
 
+#include <cstdio>
 #include <fstream>
 #include <istream>
 #include <locale>
@@ -54,6 +55,11 @@ namespace
 
 constexpr double LargestWidth = 1e150;
 constexpr std::uint64_t ValuesPerTriple = 3;
+// The lines of a key frame file are short (the longest holds a name). A longer line is a damaged file or a
+// device that never ends, and reading stops there rather than holding it whole.
+constexpr std::size_t LongestLine = 64 * 1024;
+// How much of a line a message quotes.
+constexpr std::size_t LongestQuote = 120;
 
 bool IsLineSpace(char c)
 {
@@ -68,20 +74,47 @@ void UseFileLocale(Stream& stream)
     stream.imbue(std::locale::classic());
 }
 
+std::string Shown(char c)
+{
+    switch (c)
+    {
+    case '\0':
+        return "\\0";
+    case '\t':
+        return "\\t";
+    case '\n':
+        return "\\n";
+    case '\r':
+        return "\\r";
+    }
+    const auto byte = static_cast<unsigned char>(c);
+    if (byte >= 0x20 && byte != 0x7f)
+        return std::string(1, c);
+    char escaped[5];
+    std::snprintf(escaped, sizeof escaped, "\\x%02x", byte);
+    return escaped;
+}
+
 // File text quoted in a message. Messages reach the user as C strings, in which a NUL byte from a damaged
-// file would cut off the rest of the message, line number included; it is shown as \0 instead.
+// file would cut off the rest of the message, line number included, so control bytes are shown escaped
+// (\0, \t, \n, \r, \xhh). A long text is cut, never inside a UTF-8 character, and followed by "..." and
+// its size.
 std::string Quoted(const std::string& text)
 {
     std::string quoted;
-    quoted.reserve(text.size());
-    for (const char c : text)
+    std::string::size_type taken = 0;
+    for (; taken < text.size(); ++taken)
     {
-        if (c == '\0')
-            quoted += "\\0";
-        else
-            quoted += c;
+        const std::string shown = Shown(text[taken]);
+        if (quoted.size() + shown.size() > LongestQuote)
+            break;
+        quoted += shown;
     }
-    return quoted;
+    if (taken == text.size())
+        return quoted;
+    for (; taken > 0 && (static_cast<unsigned char>(text[taken]) & 0xc0) == 0x80; --taken)
+        quoted.pop_back();
+    return quoted + "... (" + std::to_string(text.size()) + " bytes)";
 }
 
 // One string stream serves all the entries of a section, so that reading costs no stream construction
@@ -404,14 +437,18 @@ double KeyFrameFile::readSolutionTime(std::istringstream& entry) const
 void KeyFrameFile::readLine(std::istream& in, std::string& line, bool skipEmptyLines)
 {
     line.clear();
+    m_lineBuffer.resize(LongestLine + 1);
     while (in.good())
     {
-        std::getline(in, line);
+        in.getline(m_lineBuffer.data(), static_cast<std::streamsize>(m_lineBuffer.size()));
         ++m_lineNumber;
         // An error of the device (a folder instead of a file, a failing disk) rather than the end of the
-        // file: what was read of the line cannot be trusted.
-        if (in.bad())
+        // file, or a line too long for a key frame file: what was read of the line cannot be trusted.
+        const bool tooLong = in.fail() && !in.eof() && static_cast<std::size_t>(in.gcount()) == LongestLine;
+        if (in.bad() || tooLong)
             throwError("Error during file read.", true);
+        // The count includes the line break when there was one, that is, when the line did not end the file.
+        line.assign(m_lineBuffer.data(), static_cast<std::size_t>(in.gcount()) - (in.eof() ? 0 : 1));
         boost::algorithm::trim_if(line, IsLineSpace);
         if (!skipEmptyLines || !line.empty())
             break;

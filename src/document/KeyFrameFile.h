@@ -111,6 +111,8 @@ private:
     double readSolutionTime(std::istringstream& entry) const;
 
     std::uint64_t m_lineNumber = 0;
+    // Where readLine reads a line, which must fit in it.
+    std::vector<char> m_lineBuffer;
 };
 
 template <>

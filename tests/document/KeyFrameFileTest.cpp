@@ -181,8 +181,10 @@ TEST_F(KeyFrameFileTest, WhatCannotBeSavedOrOpenedIsRefusedWithItsMessageChangin
     EXPECT_THROW_MSG(KeyFrameFile().readFile(missing, m_settings, m_model), KeyFrameError,
                      "Unable to open file for reading.");
     // A folder opens, but its first read fails as a failing device would.
-    EXPECT_THROW_MSG(KeyFrameFile().readFile(folder, m_settings, m_model), KeyFrameError,
-                     ReadingError("Error during file read.", 1));
+    // So does a device that never ends a line.
+    for (const std::string& device : {folder, std::string("/dev/zero")})
+        EXPECT_THROW_MSG(KeyFrameFile().readFile(device, m_settings, m_model), KeyFrameError,
+                         ReadingError("Error during file read.", 1));
     expectDocument(NonDefault, m_original, false);
 }
 
@@ -220,6 +222,9 @@ TEST_F(KeyFrameFileTest, EveryReadingErrorIsReportedInItsExactWordsAndChangesNot
         // A NUL byte would end the message as the user sees it, before its line number.
         {"Unknown section header: Bad\\0line", 2, whole, {Header + std::string("Bad\0line", 8)}},
         {convert + "\\0", 5, inView, {std::string(" Position 1 2 \0", 15)}},
+        {"Unknown section header: \\x1b[2J" + std::string(113, 'x') + "... (1000 bytes)", 2, whole,
+         {Header + "\x1b[2J" + std::string(996, 'x')}},
+        {"Error during file read.", 3, inSettings, {std::string(64 * 1024 + 1, '1')}},
         // Settings.
         {"Missing end marker for Settings section.", 4, whole,
          {Header + "%Settings\n AnimateTime true\n%KeyFrameView\n%Settings"}},
