@@ -10,6 +10,7 @@
 #pragma once
 
 #include "core/EnumMap.h"
+#include "macro/InputExcerpt.h"
 #include "platform/AddOnID.h"
 #include "platform/HostGuards.h"
 
@@ -54,6 +55,9 @@ public:
         if (start == std::string::npos)
             return;
         std::string::size_type end = commandString.find_first_of(m_delimiters, start);
+        // The first "=" at or after the current item. Items come in order, so it is searched for again only
+        // once the items have passed it, and the text is scanned for "=" once in all.
+        std::string::size_type equals = 0;
         for (;;)
         {
             tokens.push_back(commandString.substr(start, end == std::string::npos ? end : end - start));
@@ -64,7 +68,8 @@ public:
                 return;
             // Searched in the whole rest of the text: an item without "=" is split off here and refused
             // by the parser, which can then name it.
-            const std::string::size_type equals = commandString.find('=', next);
+            if (equals < next)
+                equals = commandString.find('=', next);
             if (equals == std::string::npos)
                 throw ErrorType("Invalid macro command string format.");
             std::string::size_type from = next;
@@ -95,7 +100,7 @@ public:
         {
             const std::string::size_type equals = token->find('=');
             if (equals == std::string::npos)
-                throw ErrorType("Invalid macro parameter string: " + *token);
+                throw ErrorType("Invalid macro parameter string: " + InputExcerpt(*token));
             const ParameterEnum parameter =
                 ToEnum<ParameterEnum>(token->substr(0, equals), "Unknown macro parameter: ");
             std::string value = token->substr(equals + 1);
@@ -142,7 +147,7 @@ public:
     }
 
 private:
-    // The value of word, or ErrorType with messagePrefix followed by the word.
+    // The value of word, or ErrorType with messagePrefix followed by the word, quoted.
     template <typename Enum>
     static Enum ToEnum(const std::string& word, const char* messagePrefix)
     {
@@ -152,7 +157,7 @@ private:
         }
         catch (const std::out_of_range&)
         {
-            throw ErrorType(messagePrefix + word);
+            throw ErrorType(messagePrefix + InputExcerpt(word));
         }
     }
 

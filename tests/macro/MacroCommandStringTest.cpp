@@ -93,6 +93,8 @@ TEST(MacroCommandStringTest, RefusesABadCommandTextWithAMessageThatSaysWhatIsWro
         {"Animate Destination=OnScreen", "Unknown macro parameter: Destination"},
         {"Animate =OnScreen", "Unknown macro parameter: "},
         {"Animate Fast FileName=\"a b\"", "Unknown macro parameter: Fast FileName"},
+        {"\x1b[2J\n" + std::string(300, 'x'), "Unknown macro command: \\x1b[2J\\n" + std::string(111, 'x') +
+                                               "... (305 bytes)"},
         // The whole text is split before the command word is looked up.
         {"Play Fast", format}})
     // clang-format on
