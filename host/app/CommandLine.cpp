@@ -49,16 +49,23 @@ std::string HelpText(const std::string& defaultAddOnPath)
            defaultAddOnPath +
            "\n"
            "  --record FILE        record a macro of what is replayed and write it to FILE at the end\n"
-           "                       (also when a command fails: what ran until then)\n"
+           "                       (also when a command fails: what ran until then; a macro that\n"
+           "                       cannot be read leaves an earlier FILE as it was)\n"
            "  --help               show this help and exit\n"
            "\n"
            "Progress is shown on standard error: a progress bar on a terminal, plain progress lines\n"
-           "otherwise. Ctrl-C asks the running operation to stop (and the replay to stop before its next\n"
-           "command); a second Ctrl-C ends the program at once.\n"
+           "otherwise. Ctrl-C (SIGINT), SIGTERM and SIGHUP ask the running operation to stop and the\n"
+           "replay to stop before its next command; what was being written is abandoned, and a file it\n"
+           "would have replaced stays as it was. A second signal ends the program at once.\n"
+           "\n"
+           "Files are written whole or not at all: into a temporary file beside the target, renamed over\n"
+           "it when complete. A symbolic link is written through; a folder, a device or the macro being\n"
+           "replayed is never overwritten.\n"
            "\n"
            "Exit status: 0 when every command ran; 1 when a command failed (its FILE:LINE: reason on\n"
-           "standard error); 2 for bad usage, or a macro file, add-on module or record file that cannot be\n"
-           "read or written.\n";
+           "standard error) or the macro ended with an export still open; 2 for bad usage, or a macro\n"
+           "file, add-on module or record file that cannot be read or written; 128 plus the signal's\n"
+           "number when a signal stopped the replay (130 SIGINT, 143 SIGTERM, 129 SIGHUP).\n";
 }
 
 } // namespace vantix::host::detail

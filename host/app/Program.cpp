@@ -4,14 +4,14 @@
 #include "app/InterruptHandler.h"
 #include "app/ProgressDisplay.h"
 
+#include <vantix/host/Export.h>
 #include <vantix/host/Host.h>
 #include <vantix/host/Macro.h>
+#include <vantix/toolbox/ReplacingFile.h>
 
-#include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <filesystem>
-#include <fstream>
+#include <optional>
 #include <stdexcept>
 #include <unistd.h>
 
@@ -53,15 +53,34 @@ private:
     ProgressDisplay m_display;
 };
 
-// Opens (and empties) the record file before the replay, so that a file that cannot be written is told
-// before a long replay rather than after it.
-bool RecordFileIsWritable(const std::string& path)
+// Writes what was recorded. A replay that ran nothing (a macro file that cannot be read, or is not one)
+// leaves an earlier recording at the path as it was.
+int WriteRecording(vantix::toolbox::ReplacingFile& recording, const MacroResult& result)
 {
-    std::ofstream file(path, std::ios::binary | std::ios::trunc);
-    if (file)
-        return true;
-    Error("cannot write the macro file " + path + ": " + std::strerror(errno));
-    return false;
+    setMacroRecording(false);
+    if (result.status != MacroResult::Status::Ok && result.status != MacroResult::Status::Failed)
+        return ExitSuccess;
+    try
+    {
+        recording.write(recordedMacroText());
+        recording.commit();
+        return ExitSuccess;
+    }
+    catch (const std::exception& error)
+    {
+        Error(error.what());
+        return ExitUsage;
+    }
+}
+
+// The one line that says how the replay ended when a signal cut it short: the failure it caused, or that
+// the replay had already reached the end (an export still open then went with the cancel).
+std::string InterruptedMessage(int signal, const MacroResult& result, const std::string& macroPath)
+{
+    const std::string name = InterruptHandler::describe(signal);
+    if (!result.ok())
+        return result.message + " (" + name + ")";
+    return "vantix: interrupted by " + name + "; the replay had reached the end of " + macroPath;
 }
 
 } // namespace
@@ -108,34 +127,44 @@ int RunProgram(const std::vector<std::string>& arguments)
         return ExitUsage;
     }
 
+    // Neither the recording nor an export may replace the macro while it is replayed.
+    const vantix::toolbox::KeptFile macro(options.macroPath, "it is the macro being replayed");
+    std::optional<vantix::toolbox::ReplacingFile> recording;
     if (options.recordPath)
     {
-        if (!RecordFileIsWritable(*options.recordPath))
-            return ExitUsage;
-        setMacroRecording(true);
-    }
-
-    const MacroResult result = runMacroFile(options.macroPath);
-    int status = ExitSuccess;
-    if (!result.ok())
-    {
-        std::fprintf(stderr, "%s\n", result.message.c_str());
-        status = result.status == MacroResult::Status::Failed ? ExitCommandFailed : ExitUsage;
-    }
-
-    if (options.recordPath)
-    {
-        setMacroRecording(false);
         try
         {
-            writeRecordedMacro(*options.recordPath);
+            // Made before the replay, so that a recording that cannot be written is told before a long
+            // replay rather than after it.
+            recording.emplace(*options.recordPath);
         }
         catch (const std::exception& error)
         {
             Error(error.what());
-            if (status == ExitSuccess)
-                status = ExitUsage;
+            return ExitUsage;
         }
+        setMacroRecording(true);
+    }
+
+    const MacroResult result = runMacroFile(options.macroPath);
+    const int signal = InterruptHandler::received();
+    int status = ExitSuccess;
+    if (!result.ok())
+        status = result.status == MacroResult::Status::Failed ? ExitCommandFailed : ExitUsage;
+    if (const std::string abandoned = abandonOpenExport(); !abandoned.empty() && result.ok() && !signal)
+    {
+        Error(options.macroPath + ": the macro ended with the export to " + abandoned +
+              " still open ($!EXPORTFINISH missing); it was not written");
+        status = ExitCommandFailed;
+    }
+    if (!result.ok() && !signal)
+        std::fprintf(stderr, "%s\n", result.message.c_str());
+    if (recording && WriteRecording(*recording, result) != ExitSuccess && status == ExitSuccess)
+        status = ExitUsage;
+    if (signal)
+    {
+        std::fprintf(stderr, "%s\n", InterruptedMessage(signal, result, options.macroPath).c_str());
+        return ExitInterrupted + signal;
     }
     return status;
 }

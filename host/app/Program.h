@@ -12,7 +12,8 @@ enum ExitStatus
 {
     ExitSuccess = 0,
     ExitCommandFailed = 1, // a macro command failed
-    ExitUsage = 2          // bad usage, or a file that cannot be read or written
+    ExitUsage = 2,         // bad usage, or a file that cannot be read or written
+    ExitInterrupted = 128  // plus the number of the signal that stopped the replay: 129, 130, 143
 };
 
 // arguments: the command line without the program's name. Messages and errors go to standard error,

@@ -6,6 +6,7 @@
 #include "export/StillImage.h"
 
 #include <vantix/host/Export.h>
+#include <vantix/toolbox/ReplacingFile.h>
 
 #include <cerrno>
 #include <cstring>
@@ -33,14 +34,19 @@ void exportStillImage()
         throw std::runtime_error("no export file name is set");
     int width = 0, height = 0;
     detail::ExportImageSize(settings, width, height);
-    detail::WriteWholeFile(
-        settings.fileName,
-        detail::EncodeStillImage(settings.format, detail::RenderExportImage(settings, width, height)));
+    vantix::toolbox::WriteWholeFile(
+        settings.fileName, detail::AsText(detail::EncodeStillImage(
+                               settings.format, detail::RenderExportImage(settings, width, height))));
 }
 
 std::string lastExportError()
 {
     return detail::LastExportError();
+}
+
+std::string abandonOpenExport()
+{
+    return detail::CancelExport();
 }
 
 RasterMetafileContents readRasterMetafile(const std::string& path)
@@ -58,14 +64,7 @@ RasterMetafileContents readRasterMetafile(const std::string& path)
 
 void writePng(const Image& image, const std::string& path)
 {
-    try
-    {
-        detail::WriteWholeFile(path, detail::EncodeStillImage(ExportFormat_PNG, image));
-    }
-    catch (const detail::ExportError& error)
-    {
-        throw std::runtime_error("cannot write PNG file '" + path + "': " + error.what());
-    }
+    vantix::toolbox::WriteWholeFile(path, detail::AsText(detail::EncodeStillImage(ExportFormat_PNG, image)));
 }
 
 Image readPng(const std::string& path)

@@ -111,9 +111,10 @@ bool FinishExport()
     return Attempt([&session] { session->writer->finish(); });
 }
 
-void CancelExport()
+std::string CancelExport()
 {
-    State().open.reset();
+    const std::unique_ptr<ExportSession> session = std::move(State().open);
+    return session ? session->settings.fileName : "";
 }
 
 bool ExportIsOpen()

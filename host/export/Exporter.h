@@ -10,8 +10,8 @@ namespace vantix::host::detail
 bool StartExport();
 bool AddExportFrame();
 bool FinishExport();
-// Abandons the export in progress, if any, and its file.
-void CancelExport();
+// Abandons the export in progress, if any, and its file; returns the file name, or "" when none was open.
+std::string CancelExport();
 
 bool ExportIsOpen();
 // Why the last export operation failed; empty after a success.

@@ -11,6 +11,12 @@ FrameWriter::FrameWriter(const MovieOptions& options, std::string kind)
 {
 }
 
+void FrameWriter::finish()
+{
+    complete();
+    m_file.commit();
+}
+
 void FrameWriter::write(const Image& image)
 {
     if (image.width != m_width || image.height != m_height)

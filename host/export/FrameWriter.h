@@ -1,12 +1,12 @@
-// Writes the frames of one export into its file. A writer that is destroyed before finish() abandons the
-// export and removes the file, so that a cancelled or failed export leaves nothing behind.
+// Writes the frames of one export into its file, whole or not at all: a writer that is destroyed before
+// finish() abandons the export, and the file at its path stays as it was.
 #pragma once
 
 #include "core/Image.h"
 
 #include <VtxUtil.h>
+#include <vantix/toolbox/ReplacingFile.h>
 
-#include <cstdio>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -34,65 +34,29 @@ struct MovieOptions
     FlashCompressionType_e flashCompression = FlashCompressionType_BestSpeed;
 };
 
-struct FileCloser
-{
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using FileOwner = std::unique_ptr<std::FILE, FileCloser>;
-
-// The file an export writes, removed again unless it was completed. Only a file that the export made is
-// removed: one it could not make is not its to touch.
-class UnfinishedFile
-{
-public:
-    explicit UnfinishedFile(std::string path) : m_path(std::move(path)) {}
-    UnfinishedFile(const UnfinishedFile&) = delete;
-    UnfinishedFile& operator=(const UnfinishedFile&) = delete;
-    ~UnfinishedFile()
-    {
-        if (m_made && !m_finished)
-            std::remove(m_path.c_str());
-    }
-
-    const std::string& path() const { return m_path; }
-    // The file exists now; from here on it goes unless it is finished.
-    void made() { m_made = true; }
-    void finished() { m_finished = true; }
-
-private:
-    std::string m_path;
-    bool m_made = false;
-    bool m_finished = false;
-};
-
-// Writes the frames of one export into its file. The file goes again unless the writer finishes it, so
-// that a cancelled or failed export leaves nothing behind.
 class FrameWriter
 {
 public:
     virtual ~FrameWriter() = default;
     // Appends one image of the writer's size. Throws ExportError.
     void write(const Image& image);
-    // Completes the file, which stays from then on. Throws ExportError (the file is then removed).
-    void finish()
-    {
-        complete();
-        m_file.finished();
-    }
+    // Completes the file and puts it in place of the earlier one. Throws ExportError (the earlier file then
+    // stays).
+    void finish();
 
 protected:
     // kind names the file in messages: "movie", "raster metafile".
     FrameWriter(const MovieOptions& options, std::string kind);
     const std::string& path() const { return m_file.path(); }
-    // The file exists now: from here on it goes unless the writer finishes.
-    void fileMade() { m_file.made(); }
+    // The file the writer fills; put in place by finish().
+    vantix::toolbox::ReplacingFile& file() { return m_file; }
 
 private:
     virtual void append(const Image& image) = 0;
     virtual void complete() = 0;
 
-    // A base's member outlives the writer's own, which close the file before it may be removed.
-    UnfinishedFile m_file;
+    // A base's member outlives the writer's own, which close their streams before it is removed.
+    vantix::toolbox::ReplacingFile m_file;
     int m_width;
     int m_height;
     std::string m_kind;

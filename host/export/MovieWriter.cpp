@@ -126,10 +126,9 @@ MovieWriter::MovieWriter(const MovieOptions& options) : FrameWriter(options, "mo
     m_stream->time_base = m_codec->time_base;
     m_stream->avg_frame_rate = rate;
 
-    result = avio_open(&m_format->pb, options.path.c_str(), AVIO_FLAG_WRITE);
+    result = avio_open(&m_format->pb, file().temporaryPath().c_str(), AVIO_FLAG_WRITE);
     if (result < 0)
         throw ExportError("cannot write " + options.path + ": " + FfmpegErrorText(result));
-    fileMade();
     result = avformat_write_header(m_format.get(), nullptr);
     if (result < 0)
         throw ExportError("cannot write the header of " + options.path + ": " + FfmpegErrorText(result));

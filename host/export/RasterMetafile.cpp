@@ -5,7 +5,9 @@ extern "C"
 #include <libavutil/rational.h>
 }
 
+#include <array>
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
 #include <memory>
 #include <zlib.h>
@@ -25,15 +27,17 @@ std::uint32_t Number(const unsigned char* bytes)
            std::uint32_t(bytes[3]) << 24;
 }
 
+std::array<unsigned char, 4> LittleEndian(std::uint32_t value)
+{
+    return {static_cast<unsigned char>(value), static_cast<unsigned char>(value >> 8),
+            static_cast<unsigned char>(value >> 16), static_cast<unsigned char>(value >> 24)};
+}
+
 class RasterMetafileWriter : public FrameWriter
 {
 public:
-    explicit RasterMetafileWriter(const MovieOptions& options)
-        : FrameWriter(options, "raster metafile"), m_file(std::fopen(options.path.c_str(), "wb"))
+    explicit RasterMetafileWriter(const MovieOptions& options) : FrameWriter(options, "raster metafile")
     {
-        if (!m_file)
-            throw ExportError("cannot write " + path() + ": " + std::strerror(errno));
-        fileMade();
         const AVRational rate = av_d2q(options.framesPerSecond, 65535);
         put(Signature, sizeof Signature);
         putNumber(std::uint32_t(options.width));
@@ -59,28 +63,18 @@ private:
 
     void complete() override
     {
-        if (std::fseek(m_file.get(), FrameCountOffset, SEEK_SET) != 0)
-            throw ExportError("cannot complete " + path() + ": " + std::strerror(errno));
-        putNumber(m_frames);
-        if (std::fclose(m_file.release()) != 0)
-            throw ExportError("cannot complete " + path() + ": " + std::strerror(errno));
+        const auto count = LittleEndian(m_frames);
+        file().writeAt(FrameCountOffset, count.data(), count.size());
     }
 
-    void put(const void* bytes, std::size_t count)
-    {
-        if (std::fwrite(bytes, 1, count, m_file.get()) != count)
-            throw ExportError("cannot write to " + path() + ": " + std::strerror(errno));
-    }
+    void put(const void* bytes, std::size_t count) { file().write(bytes, count); }
 
     void putNumber(std::uint32_t value)
     {
-        const unsigned char bytes[4] = {
-            static_cast<unsigned char>(value), static_cast<unsigned char>(value >> 8),
-            static_cast<unsigned char>(value >> 16), static_cast<unsigned char>(value >> 24)};
-        put(bytes, sizeof bytes);
+        const auto bytes = LittleEndian(value);
+        put(bytes.data(), bytes.size());
     }
 
-    FileOwner m_file;
     std::uint32_t m_frames = 0;
     std::vector<unsigned char> m_compressed; // reused between frames
 };
@@ -94,7 +88,7 @@ std::unique_ptr<FrameWriter> OpenRasterMetafile(const MovieOptions& options)
 
 RasterMetafile ReadRasterMetafile(const std::string& path)
 {
-    const FileOwner file(std::fopen(path.c_str(), "rb"));
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"), std::fclose);
     if (!file)
         throw ExportError("cannot read " + path + ": " + std::strerror(errno));
     const auto read = [&](void* bytes, std::size_t count)

@@ -150,18 +150,4 @@ Image DecodePng(std::vector<std::uint8_t> bytes)
     return image;
 }
 
-void WriteWholeFile(const std::string& path, const std::vector<std::uint8_t>& bytes)
-{
-    UnfinishedFile target(path);
-    FileOwner file(std::fopen(path.c_str(), "wb"));
-    if (!file)
-        throw ExportError("cannot write " + path + ": " + std::strerror(errno));
-    target.made();
-    const bool written = std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
-    const bool closed = std::fclose(file.release()) == 0;
-    if (!written || !closed)
-        throw ExportError("cannot write " + path);
-    target.finished();
-}
-
 } // namespace vantix::host::detail

@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace vantix::host::detail
@@ -20,8 +21,10 @@ std::vector<std::uint8_t> EncodeStillImage(ExportFormat_e format, const Image& i
 // alpha (which is dropped). Throws ExportError naming what is wrong.
 Image DecodePng(std::vector<std::uint8_t> bytes);
 
-// Writes the bytes as the whole file; a file that cannot be completed is removed. Throws ExportError
-// "cannot write <path>: <reason>".
-void WriteWholeFile(const std::string& path, const std::vector<std::uint8_t>& bytes);
+// The bytes as text, for vantix::toolbox::WriteWholeFile.
+inline std::string_view AsText(const std::vector<std::uint8_t>& bytes)
+{
+    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
 
 } // namespace vantix::host::detail

@@ -5,6 +5,7 @@
 #include "macro/MacroRunner.h"
 
 #include <vantix/host/Macro.h>
+#include <vantix/toolbox/ReplacingFile.h>
 
 #include <cerrno>
 #include <cstring>
@@ -36,6 +37,8 @@ MacroResult runMacroFile(const std::string& path)
     std::ifstream file(path, std::ios::binary);
     if (!file)
         return Unreadable(path, std::strerror(errno));
+    // Nothing the macro does may replace it while it is read.
+    const vantix::toolbox::KeptFile macro(path, "it is the macro being replayed");
     const std::filesystem::path folder = std::filesystem::path(path).parent_path();
     detail::StreamMacroLines lines(file);
     return detail::MacroRunner(path, folder.empty() ? std::filesystem::path(".") : folder).run(lines);
@@ -63,14 +66,7 @@ std::string recordedMacroText()
 
 void writeRecordedMacro(const std::string& path)
 {
-    const std::string text = recordedMacroText();
-    std::ofstream file(path, std::ios::binary | std::ios::trunc);
-    if (file)
-        file << text;
-    if (file)
-        file.close();
-    if (!file)
-        throw std::runtime_error("cannot write the macro file " + path + ": " + std::strerror(errno));
+    vantix::toolbox::WriteWholeFile(path, recordedMacroText());
 }
 
 void loadAddOnModule(const std::string& path)

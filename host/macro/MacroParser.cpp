@@ -260,9 +260,16 @@ MacroCommand ParseExportSetup(Arguments& arguments)
 
     if (SameMacroWord(command.name, "ExportFName"))
     {
-        // The file name stands between quotation marks as the export dialog writes it, unescaped.
+        // The file name stands between quotation marks as the export dialog writes it, unescaped; a
+        // quotation mark at one end only is a typing error, not part of the name.
         std::string fileName = command.valueText;
-        if (fileName.size() >= 2 && fileName.front() == '"' && fileName.back() == '"')
+        const char first = fileName.front(), last = fileName.back();
+        const bool quoted = first == '"' || first == '\'';
+        if (quoted && (fileName.size() < 2 || last != first))
+            arguments.fail(std::string("the file name of ExportFName has no closing ") + first);
+        if (!quoted && (last == '"' || last == '\''))
+            arguments.fail(std::string("the file name of ExportFName has no opening ") + last);
+        if (quoted)
             fileName = fileName.substr(1, fileName.size() - 2);
         command.valueText = "\"" + arguments.absolutePath(fileName) + "\"";
     }

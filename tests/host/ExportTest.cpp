@@ -68,6 +68,8 @@ protected:
         return ok && VtxUtilExportFinish();
     }
 
+    long FilesInFolder() const { return std::distance(fs::directory_iterator(m_folder.path()), {}); }
+
     testsupport::TempFolder m_folder{"vantix-export"};
 };
 
@@ -136,16 +138,24 @@ TEST_F(ExportTest, CancelledAndFailedExportsLeaveNoFileBehindAndWrongCallsAreRef
 {
     for (const char* format : {"MPEG4", "RasterMetafile", "AVI"})
     {
+        // An earlier file at the path stays as it was until the export completes; one abandoned leaves
+        // nothing beside it.
         const fs::path file = Setup({{"ExportFormat", format}}, std::string("cancelled.") + format);
+        testsupport::WriteFile(file, "earlier");
+        const auto untouched = [&]
+        { return testsupport::ReadFile(file) == "earlier" && FilesInFolder() == 1; };
         ASSERT_TRUE(VtxUtilExportStart()) << lastExportError();
-        EXPECT_TRUE(VtxUtilExportIsRecording() && VtxUtilExportNextFrame() && fs::exists(file)) << format;
+        EXPECT_TRUE(VtxUtilExportIsRecording() && VtxUtilExportNextFrame()) << format;
+        EXPECT_EQ(2, FilesInFolder()) << format;
         VtxUtilExportCancel();
-        EXPECT_FALSE(VtxUtilExportIsRecording() || fs::exists(file)) << format;
+        EXPECT_FALSE(VtxUtilExportIsRecording()) << format;
+        EXPECT_TRUE(untouched()) << format;
 
         // A host reset while an export is open abandons it too.
         ASSERT_TRUE(VtxUtilExportStart());
         reset();
-        EXPECT_FALSE(fs::exists(file)) << format;
+        EXPECT_TRUE(untouched()) << format;
+        fs::remove(file);
         m_frame = addFrame();
         loadDemoDataSet();
         Setup({{"ImageWidth", "96"}});

@@ -237,6 +237,8 @@ TEST_F(MacroCommandTest, AFailingCommandStopsTheReplayNamingFileLineAndReason)
         {"$!EXPORTSETUP Export Format = AVI", oneWord},
         {"$!EXPORTSETUP ExportFormat =  ", "$!EXPORTSETUP: the value of ExportFormat is missing"},
         {"$!EXPORTSETUP ExportFormat = GIF", "'GIF' is not a keyword for ExportFormat"},
+        {"$!EXPORTSETUP ExportFName = \"x.png", "$!EXPORTSETUP: the file name of ExportFName has no closing \""},
+        {"$!EXPORTSETUP ExportFName = y.png'", "$!EXPORTSETUP: the file name of ExportFName has no opening '"},
         {"$!EXPORTNEXTFRAME", "the next frame could not be exported: no export is in progress"},
         {"$!EXPORTFINISH", "the export could not be finished: no export is in progress"},
         {"$!EXPORTSETUP ExportFormat = PNG\n$!EXPORTSTART",
@@ -486,7 +488,7 @@ TEST_F(MacroRecordingTest, TheRecordedMacroIsWrittenWithItsHeaderOrRefusedWithTh
 {
     const std::string unwritable = (m_folder / "no" / "such" / "folder.mcr").string();
     EXPECT_THROW_MSG(host::writeRecordedMacro(unwritable), std::runtime_error,
-                     "cannot write the macro file " + unwritable + ": No such file or directory");
+                     "cannot write " + unwritable + ": No such file or directory");
     host::setMacroRecording(true);
     ASSERT_TRUE(Run("$!REDRAW\n$!ROTATE3DVIEW PSI = 1\n").ok());
     VtxUtilMacroRecordRawCommand("$!EXPORTSETUP ExportFormat = AVI");

@@ -35,10 +35,10 @@ protected:
     std::string Path(const std::string& name) const { return (m_folder.path() / name).string(); }
 
     // Runs the program with arguments until it ends, standard output going to a file and standard error to a
-    // pipe, or to a pseudo terminal when errToTerminal is set. Ctrl-C (SIGINT) is sent once standard error
-    // holds interruptOnceErrHas.
+    // pipe, or to a pseudo terminal when errToTerminal is set. The signal is sent once standard error holds
+    // interruptOnceErrHas.
     Outcome RunVantix(std::vector<std::string> arguments, bool errToTerminal = false,
-                      const std::string& interruptOnceErrHas = "") const
+                      const std::string& interruptOnceErrHas = "", int signal = SIGINT) const
     {
         const int out = open(Path("stdout").c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
         int err[2];
@@ -69,7 +69,7 @@ protected:
         {
             outcome.err.append(buffer, static_cast<std::size_t>(read));
             if (interrupt && outcome.err.find(interruptOnceErrHas) != std::string::npos)
-                interrupt = kill(child, SIGINT) != 0; // only once
+                interrupt = kill(child, signal) != 0; // only once
         }
         close(err[0]);
         int status = 0;
@@ -118,6 +118,12 @@ TEST_F(ProgramTest, EachRunEndsWithItsExitStatusAndWhatItWrote)
     const std::string folder = m_folder.path().string(), missing = Path("missing.mcr"),
                       noHeader = Path("noheader.mcr");
     testsupport::WriteFile(noHeader, "$!REDRAW\n");
+    const std::string earlier = Path("earlier.mcr"), demo = "$!LOADDATA DEMO\n$!EXPORTSETUP EXPORTFORMAT = ";
+    testsupport::WriteFile(earlier, "earlier");
+    const std::string self =
+        Macro("self.mcr", demo + "PNG\n$!EXPORTSETUP EXPORTFNAME = 'self.mcr'\n$!EXPORT\n");
+    const std::string open =
+        Macro("open.mcr", demo + "AVI\n$!EXPORTSETUP EXPORTFNAME = 'movie.avi'\n$!EXPORTSTART\n");
     const std::string refused =
         Macro("refused.mcr",
               AddOnCommand("print before") + AddOnCommand("fail it broke") + AddOnCommand("print after"));
@@ -156,8 +162,16 @@ TEST_F(ProgramTest, EachRunEndsWithItsExitStatusAndWhatItWrote)
          "vantix: cannot load the add-on module " + folder +
              "/missing.so: cannot open shared object file: No such file or directory\n"},
         {{"--no-default-addon", "--record", folder + "/no/such/record.mcr", "a.mcr"}, 2,
-         "vantix: cannot write the macro file " + folder +
-             "/no/such/record.mcr: No such file or directory\n"},
+         "vantix: cannot write " + folder + "/no/such/record.mcr: No such file or directory\n"},
+        // Nothing replaces the macro being replayed, and a replay that ran nothing records nothing.
+        {{"--no-default-addon", "--record", self, self}, 2,
+         "vantix: cannot write " + self + ": it is the macro being replayed\n"},
+        {{"--no-default-addon", self}, 1, self + ":5: cannot write " + self + ": it is the macro being replayed\n"},
+        {{"--no-default-addon", "--record", earlier, missing}, 2,
+         missing + ": cannot read the macro file: No such file or directory\n"},
+        // An export that the macro leaves open is abandoned, and said so.
+        {{"--no-default-addon", open}, 1, "vantix: " + open + ": the macro ended with the export to " +
+         Path("movie.avi") + " still open ($!EXPORTFINISH missing); it was not written\n"},
         // The test module's commands run, and need the module.
         {{"--no-default-addon", refused}, 1,
          refused + ":2: no add-on has registered macro commands under the id 'Macro Test Add-On'\n"},
@@ -177,16 +191,43 @@ TEST_F(ProgramTest, EachRunEndsWithItsExitStatusAndWhatItWrote)
                   std::make_tuple(outcome.exitStatus, outcome.err, outcome.out))
             << ::testing::PrintToString(c.arguments);
     }
+    EXPECT_EQ("earlier", ReadFile(earlier));
+    EXPECT_FALSE(fs::exists(Path("movie.avi")));
 }
 
-TEST_F(ProgramTest, CtrlCAsksTheRunningOperationToStop)
+TEST_F(ProgramTest, EachSignalStopsTheWorkAndLeavesTheFilesAsTheyWere)
 {
-    const std::string macro =
-        Macro("cancel.mcr", AddOnCommand("wait-for-cancel") + AddOnCommand("print not reached"));
-    const Outcome outcome = RunVantix(WithTestAddOn({macro}), false, "Waiting for Ctrl-C.... 0%\n");
-    EXPECT_EQ(std::make_pair(1, std::string()), std::make_pair(outcome.exitStatus, outcome.out));
-    EXPECT_THAT(outcome.err, HasSubstr("%, stopping\nWaiting for Ctrl-C.... stopped\n"));
-    EXPECT_THAT(outcome.err, ::testing::EndsWith(macro + ":2: cancelled by the user\n"));
+    testsupport::WriteFile(Path("movie.avi"), "earlier");
+    const std::string exporting =
+        "$!LOADDATA DEMO\n$!EXPORTSETUP EXPORTFORMAT = AVI\n"
+        "$!EXPORTSETUP EXPORTFNAME = 'movie.avi'\n$!EXPORTSTART\n$!EXPORTNEXTFRAME\n";
+    const std::string failing =
+        Macro("failing.mcr", exporting + AddOnCommand("wait-for-cancel") + AddOnCommand("print not reached") +
+                                 "$!EXPORTFINISH\n");
+    // A last command that takes the cancel as its normal end: the signal is told all the same.
+    const std::string quiet = Macro("quiet.mcr", exporting + AddOnCommand("wait-for-cancel quietly"));
+    struct Case
+    {
+        int signal;
+        std::string macro;
+        std::string lastLine;
+    };
+    const Case cases[] = {
+        {SIGINT, failing, failing + ":7: cancelled by the user (SIGINT)\n"},
+        {SIGTERM, failing, failing + ":7: cancelled by the user (SIGTERM)\n"},
+        {SIGHUP, failing, failing + ":7: cancelled by the user (SIGHUP)\n"},
+        {SIGINT, quiet, "vantix: interrupted by SIGINT; the replay had reached the end of " + quiet + "\n"}};
+    for (const Case& c : cases)
+    {
+        const Outcome outcome =
+            RunVantix(WithTestAddOn({c.macro}), false, "Waiting for Ctrl-C.... 0%\n", c.signal);
+        EXPECT_EQ(std::make_pair(128 + c.signal, std::string()),
+                  std::make_pair(outcome.exitStatus, outcome.out));
+        EXPECT_THAT(outcome.err, HasSubstr("%, stopping\nWaiting for Ctrl-C.... stopped\n"));
+        EXPECT_THAT(outcome.err, ::testing::EndsWith(c.lastLine));
+        EXPECT_EQ("earlier", ReadFile(Path("movie.avi")));
+        EXPECT_EQ(4, std::distance(fs::directory_iterator(m_folder.path()), {})) << "files left";
+    }
 }
 
 TEST_F(ProgramTest, RecordWritesWhatRanAlsoWhenACommandFails)

@@ -69,11 +69,14 @@ Boolean RunCommand(char* commandText, char** errorMessage)
     if (startsWith("progress ") &&
         !ShowProgress("Testing progress....", std::atoi(text.c_str() + 9), milliseconds(0)))
         return Refuse("cancelled by the user", errorMessage);
-    if (text == "wait-for-cancel")
-        return Refuse(ShowProgress("Waiting for Ctrl-C....", 6000, milliseconds(10))
-                          ? "no cancel came within a minute"
-                          : "cancelled by the user",
-                      errorMessage);
+    // "quietly": a cancel is the command's normal end, as for an animation shown on screen.
+    if (startsWith("wait-for-cancel"))
+    {
+        const bool cancelled = !ShowProgress("Waiting for Ctrl-C....", 6000, milliseconds(10));
+        if (!cancelled || text != "wait-for-cancel quietly")
+            return Refuse(cancelled ? "cancelled by the user" : "no cancel came within a minute",
+                          errorMessage);
+    }
     if (VtxUtilMacroIsRecordingActive())
         VtxUtilMacroRecordExtCommand(AddOnIDString, text.c_str());
     return TRUE;

@@ -25,6 +25,10 @@ void exportStillImage();
 // Why the last export operation failed (empty after a success).
 std::string lastExportError();
 
+// Abandons an export that is still open, for a replay that ended without finishing it: the earlier file at
+// its path stays as it was. Returns the export's file name, or "" when no export was open.
+std::string abandonOpenExport();
+
 // The contents of a raster metafile, the host's own lossless movie file: every frame as RGB bytes, rows
 // from the top down. Throws std::runtime_error for a file that is not one or is damaged.
 struct RasterMetafileContents
@@ -38,7 +42,7 @@ struct RasterMetafileContents
 RasterMetafileContents readRasterMetafile(const std::string& path);
 
 // PNG files of pictures, through the same image codec as the export's still images. writePng throws
-// std::runtime_error "cannot write PNG file '<path>': <reason>"; readPng reads 8 and 16-bit grey, RGB,
+// std::runtime_error "cannot write <path>: <reason>"; readPng reads 8 and 16-bit grey, RGB,
 // palette and RGBA files (alpha is dropped) and throws "cannot read PNG file '<path>': <reason>".
 void writePng(const Image& image, const std::string& path);
 Image readPng(const std::string& path);
