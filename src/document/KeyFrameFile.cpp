@@ -9,13 +9,16 @@
 #include "document/ListModelKeyFrame.h"
 
 #include <boost/algorithm/string/trim.hpp>
+#include <vantix/toolbox/ReplacingFile.h>
 
 #include <cstdio>
 #include <fstream>
 #include <istream>
 #include <locale>
+#include <optional>
 #include <ostream>
 #include <sstream>
+#include <stdexcept>
 #include <utility>
 
 namespace vantix::vtxutiltools
@@ -176,14 +179,32 @@ void KeyFrameFile::saveFile(const std::string& fileName, const Settings_s& setti
     if (model.size() == 0)
         throw KeyFrameError(model.emptyModelMessage());
 
-    std::ofstream out(fileName, std::ios::out | std::ios::trunc);
-    if (!out.is_open())
+    // The file is written whole or not at all: an earlier file at the path stays as it was until the new
+    // one is complete.
+    std::optional<vantix::toolbox::ReplacingFile> file;
+    try
+    {
+        file.emplace(fileName);
+    }
+    catch (const std::runtime_error&)
+    {
         throw KeyFrameError("Unable to open file for writing.");
+    }
+    std::ostringstream out;
     UseFileLocale(out);
     out << std::boolalpha;
     out << m_headerToken << ' ' << m_version;
     writeSettings(out, settings);
     writeModel(out, model);
+    try
+    {
+        file->write(out.str());
+        file->commit();
+    }
+    catch (const std::runtime_error&)
+    {
+        // Write errors after a successful open are not reported; the earlier file is still there.
+    }
 }
 
 void KeyFrameFile::writeSettings(std::ostream& out, const Settings_s& settings) const

@@ -2,6 +2,7 @@
 // ffprobe), the raster metafile's lossless frames, cancelled and failed exports, and the setup values.
 #include "support/Ffprobe.h"
 #include "support/HostTest.h"
+#include "support/SmallDisk.h"
 #include "support/TempFolder.h"
 #include "support/ThrownMessage.h"
 
@@ -181,6 +182,44 @@ TEST_F(ExportTest, CancelledAndFailedExportsLeaveNoFileBehindAndWrongCallsAreRef
     EXPECT_FALSE(VtxUtilExportStart());
     EXPECT_EQ("an export is already in progress", lastExportError());
     EXPECT_TRUE(VtxUtilExportIsRecording() && VtxUtilExportFinish());
+}
+
+TEST_F(ExportTest, AFullDiskLeavesTheEarlierFileAsItWasInEveryFormat)
+{
+    const testsupport::SmallDisk disk;
+    if (!disk.mounted())
+        GTEST_SKIP() << disk.reason();
+    const std::string earlier(3000, 'e');
+    setExportSetupFromText("ImageWidth", "480");
+    const std::set<std::string> stillImages = {"BMP", "PNG", "TIFF", "JPEG"};
+    for (const char* format :
+         {"RASTERMETAFILE", "AVI", "FLASH", "FLV", "MPEG4", "WMV", "BMP", "PNG", "TIFF", "JPEG"})
+    {
+        const fs::path file = disk.path() / (std::string("earlier.") + format);
+        testsupport::WriteFile(file, earlier);
+        disk.fill(16384);
+        setExportSetupFromText("ExportFormat", format);
+        setExportSetupFromText("ExportFName", "\"" + file.string() + "\"");
+        std::string error;
+        try
+        {
+            if (stillImages.count(format))
+                exportStillImage();
+            else
+                EXPECT_FALSE(ExportFrames(8));
+            VtxUtilExportCancel(); // a frame that fails leaves the export open
+        }
+        catch (const std::runtime_error& thrown)
+        {
+            error = thrown.what();
+        }
+        EXPECT_THAT(error.empty() ? lastExportError() : error, HasSubstr(": No space left on device"))
+            << format;
+        EXPECT_EQ(earlier, testsupport::ReadFile(file)) << format;
+        EXPECT_EQ(2, std::distance(fs::directory_iterator(disk.path()), {})) << format;
+        fs::remove(file);
+        fs::remove(disk.path() / "filler");
+    }
 }
 
 TEST_F(ExportTest, SetupValuesAreCheckedWhicheverWayTheyArrive)
