@@ -1,9 +1,11 @@
 #include "export/ExportSetup.h"
 
 #include "core/Application.h"
+#include "render/Render.h"
 
 #include <algorithm>
 #include <cctype>
+#include <cstdio>
 #include <cstdlib>
 #include <map>
 #include <strings.h>
@@ -61,14 +63,15 @@ struct SettingInfo
     const char* name;
     ValueKind kind;
     const std::vector<Keyword>* keywords; // enumerations
-    int minimum, maximum;                 // integers
+    double minimum, maximum;              // numbers
 };
 
 const std::vector<SettingInfo> Settings = {
     {"ExportFormat", ValueKind::Enumeration, &FormatKeywords, 0, 0},
     {"ExportRegion", ValueKind::Enumeration, &RegionKeywords, 0, 0},
-    {"ImageWidth", ValueKind::Integer, nullptr, 2, 32766},
-    {"AnimationSpeed", ValueKind::Double, nullptr, 0, 0},
+    {"ImageWidth", ValueKind::Integer, nullptr, 2, LargestPictureSide},
+    // The speeds the export dialog offers; every movie format carries each of them.
+    {"AnimationSpeed", ValueKind::Double, nullptr, 0.001, 200},
     {"UseSuperSampleAntiAliasing", ValueKind::Boolean, nullptr, 0, 0},
     {"SuperSampleFactor", ValueKind::Integer, nullptr, 1, 16},
     {"AVICompression", ValueKind::Enumeration, &AVICompressionKeywords, 0, 0},
@@ -135,28 +138,21 @@ StyleKind StyleKindOf(ValueKind kind)
     return StyleKind::Text;
 }
 
-// Integers keep to their range, speeds are positive, file names are not empty: checked on every write,
-// through VtxUtilExportSetup, macros and style values alike.
+// Numbers keep to their range, file names are not empty: checked on every write, through
+// VtxUtilExportSetup, macros and style values alike.
 std::string Refusal(const SettingInfo& info, const StyleData& value)
 {
-    switch (info.kind)
+    const auto outside = [&info](double number)
+    { return !(number >= info.minimum && number <= info.maximum); };
+    if ((info.kind == ValueKind::Integer && outside(std::get<int>(value))) ||
+        (info.kind == ValueKind::Double && outside(std::get<double>(value))))
     {
-    case ValueKind::Integer:
-        if (std::get<int>(value) < info.minimum || std::get<int>(value) > info.maximum)
-            return std::string(info.name) + " must lie between " + std::to_string(info.minimum) + " and " +
-                   std::to_string(info.maximum);
-        break;
-    case ValueKind::Double:
-        if (!(std::get<double>(value) > 0.0))
-            return std::string(info.name) + " must be greater than 0";
-        break;
-    case ValueKind::Text:
-        if (std::get<std::string>(value).empty())
-            return std::string(info.name) + " must not be empty";
-        break;
-    default:
-        break;
+        char range[64];
+        std::snprintf(range, sizeof range, "%g and %g", info.minimum, info.maximum);
+        return std::string(info.name) + " must lie between " + range;
     }
+    if (info.kind == ValueKind::Text && std::get<std::string>(value).empty())
+        return std::string(info.name) + " must not be empty";
     return {};
 }
 

@@ -1,5 +1,7 @@
 #include "export/MovieWriter.h"
 
+#include <cmath>
+
 extern "C"
 {
 #include <libavutil/dict.h>
@@ -70,9 +72,20 @@ void QuietenEncoders()
     (void)quiet;
 }
 
+// Flash keeps its rate in 8.8 fixed point, which cannot carry a rate below 1/256 frame a second and
+// carries slow rates coarsely. Below 1 frame a second each frame is shown several times at a rate of 1 to 2
+// frames a second, which the fixed point carries to within 0.2 %.
+int ShowingsOfEachFrame(const MovieOptions& options)
+{
+    if (options.format != ExportFormat_Flash || options.framesPerSecond >= 1.0)
+        return 1;
+    return static_cast<int>(std::ceil(1.0 / options.framesPerSecond));
+}
+
 } // namespace
 
-MovieWriter::MovieWriter(const MovieOptions& options) : FrameWriter(options, "movie")
+MovieWriter::MovieWriter(const MovieOptions& options)
+    : FrameWriter(options, "movie"), m_showings(ShowingsOfEachFrame(options))
 {
     QuietenEncoders();
     const Recipe recipe = RecipeFor(options);
@@ -93,7 +106,7 @@ MovieWriter::MovieWriter(const MovieOptions& options) : FrameWriter(options, "mo
     if (!m_stream || !m_codec || !m_packet || !m_frame)
         throw ExportError("not enough memory to export");
 
-    const AVRational rate = av_d2q(options.framesPerSecond, 65535);
+    const AVRational rate = av_d2q(options.framesPerSecond * m_showings, 65535);
     m_codec->width = options.width;
     m_codec->height = options.height;
     m_codec->pix_fmt = recipe.pixelFormat;
@@ -152,10 +165,13 @@ void MovieWriter::append(const Image& image)
     const std::uint8_t* source[] = {image.rgb.data()};
     const int sourceStride[] = {image.width * 3};
     sws_scale(m_convert.get(), source, sourceStride, 0, image.height, m_frame->data, m_frame->linesize);
-    m_frame->pts = m_nextPts++;
     if (m_codec->flags & AV_CODEC_FLAG_QSCALE)
         m_frame->quality = m_codec->global_quality;
-    encode(m_frame.get());
+    for (int showing = 0; showing < m_showings; ++showing)
+    {
+        m_frame->pts = m_nextPts++;
+        encode(m_frame.get());
+    }
 }
 
 void MovieWriter::complete()

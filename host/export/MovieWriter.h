@@ -25,6 +25,7 @@ private:
     FrameOwner m_frame;           // the converted image
     PacketOwner m_packet;
     ScalerOwner m_convert;
+    int m_showings; // of each frame, for a rate the container cannot carry as it is
     std::int64_t m_nextPts = 0;
 };
 

@@ -1,4 +1,5 @@
 #include "render/OffscreenRenderer.h"
+#include "render/Render.h"
 
 #include <algorithm>
 #include <cmath>
@@ -28,7 +29,7 @@ OffscreenRenderer::OffscreenRenderer()
     GLint renderbuffer = 0, viewport[2] = {0, 0};
     glGetIntegerv(GL_MAX_RENDERBUFFER_SIZE, &renderbuffer);
     glGetIntegerv(GL_MAX_VIEWPORT_DIMS, viewport);
-    m_maxSize = std::min({renderbuffer, viewport[0], viewport[1]});
+    m_maxSize = std::min({renderbuffer, viewport[0], viewport[1], LargestPictureSide});
 }
 
 OffscreenRenderer::~OffscreenRenderer()

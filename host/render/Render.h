@@ -10,6 +10,10 @@ namespace vantix::host::detail
 
 struct Frame;
 
+// The largest picture side the renderer draws, here and on every OpenGL stack it is built for: the export
+// accepts no image width beyond it.
+constexpr int LargestPictureSide = 16384;
+
 // The size of a region of the page in screen pixels (paper inches times the pixels per inch): the active
 // frame, the box around all frames, or the work area (the whole page). The export takes its aspect ratio
 // from here. 0 x 0 for the active frame or all frames when the page has no frame, and for an unknown

@@ -103,6 +103,36 @@ TEST_F(ExportTest, EveryMovieFormatWritesAFileThatPlaysWithItsFramesAndRate)
     }
 }
 
+TEST_F(ExportTest, EverySpeedTheDialogOffersPlaysAtThatRateInEveryFormat)
+{
+    if (!HaveFfprobe())
+        GTEST_SKIP() << "ffprobe is not installed";
+    // The rate a player sees: the frames written over the movie's duration, or for Flash, which has no
+    // duration, its rate over the times each frame is shown.
+    const auto playedRate = [](const fs::path& movie)
+    {
+        const auto lines = testsupport::FfprobeLines("-count_frames -select_streams v:0 -show_entries "
+                                                     "stream=avg_frame_rate,nb_read_frames:format=duration "
+                                                     "-of default=noprint_wrappers=1:nokey=1 '" +
+                                                     movie.string() + "'");
+        if (lines.size() != 3)
+            return 0.0;
+        if (lines[2] != "N/A")
+            return 3.0 / std::stod(lines[2]);
+        const double rate = std::stod(lines[0]) / std::stod(lines[0].substr(lines[0].find('/') + 1));
+        return rate * 3.0 / std::stod(lines[1]);
+    };
+    for (const char* format : {"AVI", "FLASH", "FLV", "MPEG4", "WMV"})
+        for (const double speed : {0.001, 0.37, 200.0})
+        {
+            const fs::path movie = Setup(
+                {{"ExportFormat", format}, {"ImageWidth", "32"}, {"AnimationSpeed", std::to_string(speed)}},
+                std::string("speed.") + format);
+            ASSERT_TRUE(ExportFrames(3)) << format << " " << speed << ": " << lastExportError();
+            EXPECT_NEAR(speed, playedRate(movie), speed * 0.002) << format;
+        }
+}
+
 TEST_F(ExportTest, TheRasterMetafileKeepsEveryFrameExactly)
 {
     // Odd widths are rounded to the next even number.
@@ -235,7 +265,7 @@ TEST_F(ExportTest, SetupValuesAreCheckedWhicheverWayTheyArrive)
         {"ExportFormat", 0.0, 99, FALSE},
         {"ExportRegion", 0.0, 3, FALSE},
         {"ImageWidth", 0.0, 1, FALSE},
-        {"ImageWidth", 0.0, 40000, FALSE},
+        {"ImageWidth", 0.0, 16385, FALSE},
         {"AnimationSpeed", 0.0, 0, FALSE},
         {"SuperSampleFactor", 0.0, 0, FALSE},
         {"FlashCompressionType", 0.0, 255, FALSE},
@@ -258,9 +288,12 @@ TEST_F(ExportTest, SetupValuesAreCheckedWhicheverWayTheyArrive)
     const std::tuple<const char*, const char*, const char*> refused[] = {
         {"ExportFormat", "MPEG5", "'MPEG5' is not a keyword for ExportFormat"},
         {"ImageWidth", "12.5", "'12.5' is not a whole number for ImageWidth"},
-        {"ImageWidth", "1", "ImageWidth must lie between 2 and 32766"},
+        {"ImageWidth", "1", "ImageWidth must lie between 2 and 16384"},
         {"AnimationSpeed", "fast", "'fast' is not a number for AnimationSpeed"},
-        {"AnimationSpeed", "-3", "AnimationSpeed must be greater than 0"},
+        {"AnimationSpeed", "-3", "AnimationSpeed must lie between 0.001 and 200"},
+        {"AnimationSpeed", "70000", "AnimationSpeed must lie between 0.001 and 200"},
+        {"AnimationSpeed", "1e-300", "AnimationSpeed must lie between 0.001 and 200"},
+        {"AnimationSpeed", "nan", "AnimationSpeed must lie between 0.001 and 200"},
         {"UseSuperSampleAntiAliasing", "yes", "'yes' is not true or false for UseSuperSampleAntiAliasing"},
         {"ExportFName", "movie.mp4", "'movie.mp4' is not a quoted file name for ExportFName"},
         {"Resolution", "300", "unknown export setting Resolution"},
