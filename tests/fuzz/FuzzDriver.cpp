@@ -37,14 +37,11 @@ std::vector<std::pair<std::size_t, std::size_t>> NumberWords(const std::string& 
 
 // The address sanitizer keeps freed memory in quarantine (256 MiB) and adds its shadow, so a bound set
 // for the optimised build is widened by what it holds on top.
-std::size_t PeakMemoryAllowanceMiB()
-{
 #if defined(__SANITIZE_ADDRESS__)
-    return 512;
+constexpr std::size_t SanitizerMemoryMiB = 512;
 #else
-    return 0;
+constexpr std::size_t SanitizerMemoryMiB = 0;
 #endif
-}
 
 std::size_t PeakMemoryMiB()
 {
@@ -53,19 +50,12 @@ std::size_t PeakMemoryMiB()
     return static_cast<std::size_t>(usage.ru_maxrss) / 1024;
 }
 
-// A message shown in the summary on one line, control bytes written out.
-std::string OneLine(const std::string& message)
+// A message shown in the summary on one line.
+std::string OneLine(std::string message)
 {
-    std::string line;
-    for (const char c : message)
-    {
-        char escaped[8];
-        std::snprintf(escaped, sizeof escaped, "\\x%02x", static_cast<unsigned char>(c));
-        line += c == '\n'                                     ? std::string("\\n")
-                : std::iscntrl(static_cast<unsigned char>(c)) ? escaped
-                                                              : std::string(1, c);
-    }
-    return line;
+    for (std::size_t at = message.find('\n'); at != std::string::npos; at = message.find('\n', at))
+        message.replace(at, 1, "\\n");
+    return message;
 }
 
 bool ParseCount(const char* argument, unsigned long long& value)
@@ -212,7 +202,7 @@ int Main(int argc, char** argv, const Program& program)
         std::fprintf(stderr, "seed %llu: %s\n  mutant saved as %s; repeat with: %s 1 %llu\n", seed,
                      finding.c_str(), kept.c_str(), program.name.c_str(), seed);
     }
-    const std::size_t peak = PeakMemoryMiB(), bound = program.peakMemoryMiB + PeakMemoryAllowanceMiB();
+    const std::size_t peak = PeakMemoryMiB(), bound = program.peakMemoryMiB + SanitizerMemoryMiB;
     if (peak > bound)
         std::fprintf(stderr, "peak memory %zu MiB is over the bound of %zu MiB\n", peak, bound);
     std::printf("%s: %llu mutants (seeds %llu to %llu), %llu accepted, %llu refused, %llu failures, %.1f s, "
