@@ -3,7 +3,6 @@
 #include "core/Application.h"
 #include "export/ExportSession.h"
 
-#include <cstdio>
 #include <exception>
 #include <memory>
 
@@ -35,7 +34,6 @@ ExportState& State()
 bool Fail(const std::string& why)
 {
     State().lastError = why;
-    std::fprintf(stderr, "vantix: export: %s\n", why.c_str());
     return false;
 }
 

@@ -1,5 +1,5 @@
-// The export operations behind the SDK's VtxUtilExport functions. Each failure is kept, in words, as the
-// host's last export error, and printed on standard error for the program's user.
+// The export operations behind the SDK's VtxUtilExport functions and the export commands of macros. Each
+// failure is kept, in words, as the host's last export error, for the caller to tell.
 #pragma once
 
 #include <string>

@@ -6,12 +6,10 @@ extern "C"
 {
 #include <libavcodec/avcodec.h>
 #include <libavformat/avformat.h>
-#include <libavutil/error.h>
 #include <libswscale/swscale.h>
 }
 
 #include <memory>
-#include <string>
 
 namespace vantix::host::detail
 {
@@ -47,13 +45,5 @@ using FrameOwner = std::unique_ptr<AVFrame, FfmpegFreeAndNull<AVFrame, av_frame_
 using PacketOwner = std::unique_ptr<AVPacket, FfmpegFreeAndNull<AVPacket, av_packet_free>>;
 using ScalerOwner = std::unique_ptr<SwsContext, FfmpegFree<SwsContext, sws_freeContext>>;
 using OutputOwner = std::unique_ptr<AVFormatContext, FfmpegCloseOutput>;
-
-// FFmpeg's words for one of its error codes.
-inline std::string FfmpegErrorText(int error)
-{
-    char text[AV_ERROR_MAX_STRING_SIZE] = {};
-    av_strerror(error, text, sizeof text);
-    return text;
-}
 
 } // namespace vantix::host::detail

@@ -1,5 +1,7 @@
 #include "export/MovieWriter.h"
 
+#include "export/FfmpegLog.h"
+
 #include <cmath>
 
 extern "C"
@@ -64,14 +66,6 @@ Recipe RecipeFor(const MovieOptions& options)
     throw ExportError("the export format does not hold an animation");
 }
 
-// The encoders' own progress and statistics lines would mix with the program's output; their failures
-// reach the user through the export's error instead.
-void QuietenEncoders()
-{
-    static const bool quiet = (av_log_set_level(AV_LOG_ERROR), true);
-    (void)quiet;
-}
-
 // Flash keeps its rate in 8.8 fixed point, which cannot carry a rate below 1/256 frame a second and
 // carries slow rates coarsely. Below 1 frame a second each frame is shown several times at a rate of 1 to 2
 // frames a second, which the fixed point carries to within 0.2 %.
@@ -87,7 +81,8 @@ int ShowingsOfEachFrame(const MovieOptions& options)
 MovieWriter::MovieWriter(const MovieOptions& options)
     : FrameWriter(options, "movie"), m_showings(ShowingsOfEachFrame(options))
 {
-    QuietenEncoders();
+    CaptureFfmpegMessages();
+    ForgetFfmpegComplaint();
     const Recipe recipe = RecipeFor(options);
     AVFormatContext* format = nullptr;
     int result = avformat_alloc_output_context2(&format, nullptr, recipe.container, options.path.c_str());

@@ -1,5 +1,6 @@
 #include "export/StillImage.h"
 
+#include "export/FfmpegLog.h"
 #include "export/FfmpegOwners.h"
 #include "export/FrameWriter.h"
 
@@ -73,6 +74,8 @@ constexpr long LargestPictureArea = 100L * 1000 * 1000;
 
 std::vector<std::uint8_t> EncodeStillImage(ExportFormat_e format, const Image& image)
 {
+    CaptureFfmpegMessages();
+    ForgetFfmpegComplaint();
     if (image.empty() || image.rgb.size() != static_cast<std::size_t>(image.width) * image.height * 3)
         throw ExportError("the image is empty or its pixels do not match its size");
     const auto [codecId, pixelFormat] = StillEncoder(format);
@@ -115,6 +118,8 @@ std::vector<std::uint8_t> EncodeStillImage(ExportFormat_e format, const Image& i
 
 Image DecodePng(std::vector<std::uint8_t> bytes)
 {
+    CaptureFfmpegMessages();
+    ForgetFfmpegComplaint();
     static const std::uint8_t Signature[] = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1a, '\n'};
     if (bytes.size() < sizeof Signature ||
         !std::equal(std::begin(Signature), std::end(Signature), bytes.begin()))

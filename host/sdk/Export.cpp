@@ -8,6 +8,20 @@
 using vantix::host::detail::Call;
 using vantix::host::detail::Enter;
 
+namespace
+{
+
+// An add-on hears only FALSE, and tells its own message; why the export failed goes to the program's user
+// here, once.
+Boolean Told(bool done)
+{
+    if (!done)
+        std::fprintf(stderr, "vantix: export: %s\n", vantix::host::detail::LastExportError().c_str());
+    return done ? TRUE : FALSE;
+}
+
+} // namespace
+
 extern "C"
 {
 
@@ -35,19 +49,19 @@ extern "C"
     Boolean VtxUtilExportStart(void)
     {
         Enter(Call::ExportStart);
-        return vantix::host::detail::StartExport() ? TRUE : FALSE;
+        return Told(vantix::host::detail::StartExport());
     }
 
     Boolean VtxUtilExportNextFrame(void)
     {
         Enter(Call::ExportNextFrame);
-        return vantix::host::detail::AddExportFrame() ? TRUE : FALSE;
+        return Told(vantix::host::detail::AddExportFrame());
     }
 
     Boolean VtxUtilExportFinish(void)
     {
         Enter(Call::ExportFinish);
-        return vantix::host::detail::FinishExport() ? TRUE : FALSE;
+        return Told(vantix::host::detail::FinishExport());
     }
 
     void VtxUtilExportCancel(void)

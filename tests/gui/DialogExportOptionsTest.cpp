@@ -134,8 +134,7 @@ TEST_F(DialogExportOptionsTest, GreysOutWhatTheChoicesLeaveUnusedShowsTheImageSi
 TEST_F(DialogExportOptionsTest, ShowsTheHostsExportSetupWithinTheDialogsBounds)
 {
     const std::tuple<std::string, StyleData, int, std::string> cases[] = {
-        {"AnimationSpeed", 500.0, AnimationSpeed_TF_D2, "200"},
-        {"AnimationSpeed", 0.0001, AnimationSpeed_TF_D2, "0.001"},
+        {"AnimationSpeed", 0.37, AnimationSpeed_TF_D2, "0.37"},
         {"SuperSampleFactor", 1, SupersampleFactor_TF_D2, "2"},
         {"ExportFormat", 22, Format_OPT_D2, "6"},
         {"AVICompression", 2, AVICompression_OPT_D2, "2"},

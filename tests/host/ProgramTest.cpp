@@ -122,6 +122,9 @@ TEST_F(ProgramTest, EachRunEndsWithItsExitStatusAndWhatItWrote)
     testsupport::WriteFile(earlier, "earlier");
     const std::string self =
         Macro("self.mcr", demo + "PNG\n$!EXPORTSETUP EXPORTFNAME = 'self.mcr'\n$!EXPORT\n");
+    const std::string wide = Macro(
+        "wide.mcr",
+        demo + "AVI\n$!EXPORTSETUP IMAGEWIDTH = 10000\n$!EXPORTSETUP EXPORTFNAME = 'w.avi'\n$!EXPORTSTART\n");
     const std::string open =
         Macro("open.mcr", demo + "AVI\n$!EXPORTSETUP EXPORTFNAME = 'movie.avi'\n$!EXPORTSTART\n");
     const std::string refused =
@@ -169,6 +172,9 @@ TEST_F(ProgramTest, EachRunEndsWithItsExitStatusAndWhatItWrote)
         {{"--no-default-addon", self}, 1, self + ":5: cannot write " + self + ": it is the macro being replayed\n"},
         {{"--no-default-addon", "--record", earlier, missing}, 2,
          missing + ": cannot read the macro file: No such file or directory\n"},
+        // FFmpeg's complaint is told once, in our words, within the reason.
+        {{"--no-default-addon", wide}, 1, wide + ":6: the export could not be started: cannot start the mpeg4 "
+         "encoder at 10000 x 7620: Invalid argument (mpeg4: dimensions too large for MPEG-4)\n"},
         // An export that the macro leaves open is abandoned, and said so.
         {{"--no-default-addon", open}, 1, "vantix: " + open + ": the macro ended with the export to " +
          Path("movie.avi") + " still open ($!EXPORTFINISH missing); it was not written\n"},
