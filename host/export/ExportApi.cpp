@@ -11,7 +11,6 @@
 #include <cerrno>
 #include <cstring>
 #include <fstream>
-#include <iterator>
 #include <stdexcept>
 
 namespace vantix::host
@@ -72,7 +71,17 @@ Image readPng(const std::string& path)
     std::ifstream file(path, std::ios::binary);
     if (!file)
         throw std::runtime_error("cannot read PNG file '" + path + "': " + std::strerror(errno));
-    std::vector<std::uint8_t> bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+    // No picture the host draws makes a PNG file this large: a longer input (a device that never ends)
+    // is refused once it has passed the bound.
+    constexpr std::size_t LargestPngFile = std::size_t(1) << 30;
+    std::vector<std::uint8_t> bytes;
+    char block[65536];
+    while (file.read(block, sizeof block) || file.gcount() > 0)
+    {
+        bytes.insert(bytes.end(), block, block + file.gcount());
+        if (bytes.size() > LargestPngFile)
+            throw std::runtime_error("cannot read PNG file '" + path + "': it is larger than 1 GiB");
+    }
     try
     {
         return detail::DecodePng(std::move(bytes));

@@ -9,6 +9,7 @@ extern "C"
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 #include <memory>
 #include <zlib.h>
 
@@ -117,10 +118,17 @@ RasterMetafile ReadRasterMetafile(const std::string& path)
     if (metafile.width <= 0 || metafile.height <= 0 || frameBytes > (std::size_t(1) << 31))
         throw ExportError(path + " has an impossible image size");
 
+    // A frame is never larger than what is left of the file: a damaged count is not allocated.
+    std::error_code error;
+    const std::uintmax_t fileSize = std::filesystem::file_size(path, error);
     std::vector<unsigned char> compressed;
     for (std::uint32_t i = 0; i < frames; ++i)
     {
-        compressed.resize(readNumber());
+        const std::uint32_t frameSize = readNumber();
+        const long position = std::ftell(file.get());
+        if (error || position < 0 || frameSize > fileSize - static_cast<std::uintmax_t>(position))
+            throw ExportError(path + " ends too early");
+        compressed.resize(frameSize);
         read(compressed.data(), compressed.size());
         Image image;
         image.width = metafile.width;

@@ -145,6 +145,12 @@ TEST_F(ExportTest, TheRasterMetafileKeepsEveryFrameExactly)
               std::make_tuple(movie.width, movie.height, movie.rateNumerator, movie.rateDenominator));
     ASSERT_EQ(4u, movie.frames.size());
     EXPECT_NE(movie.frames[0], movie.frames[1]); // the view turned between them
+    // A frame size beyond the end of the file is damage, not something to allocate.
+    std::string damaged = testsupport::ReadFile(file);
+    damaged.replace(28, 4, "\xff\xff\xff\xff");
+    testsupport::WriteFile(file, damaged);
+    EXPECT_THROW_MSG(readRasterMetafile(file.string()), std::runtime_error,
+                     file.string() + " ends too early");
 
     // The same pictures through the uncompressed AVI, decoded by FFmpeg, are the same bytes.
     if (!HaveFfprobe())
