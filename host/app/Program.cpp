@@ -83,6 +83,30 @@ std::string InterruptedMessage(int signal, const MacroResult& result, const std:
     return "vantix: interrupted by " + name + "; the replay had reached the end of " + macroPath;
 }
 
+// Tells how the replay ended, in one line (or none), writes the recording, and gives the exit status.
+int Concluded(const std::string& macroPath, const MacroResult& result,
+              std::optional<vantix::toolbox::ReplacingFile>& recording)
+{
+    const int signal = InterruptHandler::received();
+    int status = ExitSuccess;
+    if (!result.ok())
+        status = result.status == MacroResult::Status::Failed ? ExitCommandFailed : ExitUsage;
+    if (const std::string abandoned = abandonOpenExport(); !abandoned.empty() && result.ok() && !signal)
+    {
+        Error(macroPath + ": the macro ended with the export to " + abandoned +
+              " still open ($!EXPORTFINISH missing); it was not written");
+        status = ExitCommandFailed;
+    }
+    if (!result.ok() && !signal)
+        std::fprintf(stderr, "%s\n", result.message.c_str());
+    if (recording && WriteRecording(*recording, result) != ExitSuccess && status == ExitSuccess)
+        status = ExitUsage;
+    if (!signal)
+        return status;
+    std::fprintf(stderr, "%s\n", InterruptedMessage(signal, result, macroPath).c_str());
+    return ExitInterrupted + signal;
+}
+
 } // namespace
 
 int RunProgram(const std::vector<std::string>& arguments)
@@ -147,26 +171,7 @@ int RunProgram(const std::vector<std::string>& arguments)
     }
 
     const MacroResult result = runMacroFile(options.macroPath);
-    const int signal = InterruptHandler::received();
-    int status = ExitSuccess;
-    if (!result.ok())
-        status = result.status == MacroResult::Status::Failed ? ExitCommandFailed : ExitUsage;
-    if (const std::string abandoned = abandonOpenExport(); !abandoned.empty() && result.ok() && !signal)
-    {
-        Error(options.macroPath + ": the macro ended with the export to " + abandoned +
-              " still open ($!EXPORTFINISH missing); it was not written");
-        status = ExitCommandFailed;
-    }
-    if (!result.ok() && !signal)
-        std::fprintf(stderr, "%s\n", result.message.c_str());
-    if (recording && WriteRecording(*recording, result) != ExitSuccess && status == ExitSuccess)
-        status = ExitUsage;
-    if (signal)
-    {
-        std::fprintf(stderr, "%s\n", InterruptedMessage(signal, result, options.macroPath).c_str());
-        return ExitInterrupted + signal;
-    }
-    return status;
+    return Concluded(options.macroPath, result, recording);
 }
 
 } // namespace vantix::host::detail

@@ -9,7 +9,10 @@ extern "C"
 #include <libswscale/swscale.h>
 }
 
+#include <algorithm>
+#include <cstdint>
 #include <memory>
+#include <vector>
 
 namespace vantix::host::detail
 {
@@ -45,5 +48,15 @@ using FrameOwner = std::unique_ptr<AVFrame, FfmpegFreeAndNull<AVFrame, av_frame_
 using PacketOwner = std::unique_ptr<AVPacket, FfmpegFreeAndNull<AVPacket, av_packet_free>>;
 using ScalerOwner = std::unique_ptr<SwsContext, FfmpegFree<SwsContext, sws_freeContext>>;
 using OutputOwner = std::unique_ptr<AVFormatContext, FfmpegCloseOutput>;
+
+// swscale reads its input in blocks of up to 16 bytes and may read past the last pixel: it is given a
+// copy with room after the end.
+inline const std::uint8_t* ScalerInput(const std::vector<std::uint8_t>& pixels,
+                                       std::vector<std::uint8_t>& copy)
+{
+    copy.resize(pixels.size() + AV_INPUT_BUFFER_PADDING_SIZE);
+    std::copy(pixels.begin(), pixels.end(), copy.begin());
+    return copy.data();
+}
 
 } // namespace vantix::host::detail

@@ -157,7 +157,7 @@ void MovieWriter::append(const Image& image)
 {
     if (av_frame_make_writable(m_frame.get()) < 0)
         throw ExportError("not enough memory to export");
-    const std::uint8_t* source[] = {image.rgb.data()};
+    const std::uint8_t* source[] = {ScalerInput(image.rgb, m_scalerInput)};
     const int sourceStride[] = {image.width * 3};
     sws_scale(m_convert.get(), source, sourceStride, 0, image.height, m_frame->data, m_frame->linesize);
     if (m_codec->flags & AV_CODEC_FLAG_QSCALE)

@@ -103,7 +103,8 @@ std::vector<std::uint8_t> EncodeStillImage(ExportFormat_e format, const Image& i
     frame->quality = context->global_quality;
     if (av_frame_get_buffer(frame, 0) < 0)
         throw ExportError("not enough memory to export");
-    const std::uint8_t* source[] = {image.rgb.data()};
+    std::vector<std::uint8_t> scalerInput;
+    const std::uint8_t* source[] = {ScalerInput(image.rgb, scalerInput)};
     const int sourceStride[] = {image.width * 3};
     Convert(image.width, image.height, AV_PIX_FMT_RGB24, source, sourceStride, pixelFormat, frame->data,
             frame->linesize);
