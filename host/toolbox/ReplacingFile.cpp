@@ -109,9 +109,11 @@ std::string TemporaryName(const std::filesystem::path& target)
 
 ReplacingFile::ReplacingFile(std::string path) : m_path(std::move(path)), m_target(ResolvedTarget(m_path))
 {
+    if (m_path.empty())
+        fail("the file name is empty");
     struct stat status = {};
     const bool exists = ::stat(m_target.c_str(), &status) == 0;
-    if (exists && S_ISDIR(status.st_mode))
+    if ((exists && S_ISDIR(status.st_mode)) || std::filesystem::path(m_target).filename().empty())
         fail("it is a folder");
     if (exists && !S_ISREG(status.st_mode))
         fail("it is not a regular file");

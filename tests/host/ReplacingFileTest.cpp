@@ -72,6 +72,9 @@ TEST_F(ReplacingFileTest, ALinkIsWrittenThroughAndWhatIsNoRegularFileIsRefusedUn
 
     EXPECT_THROW_MSG(ReplacingFile(Path("folder")), std::runtime_error,
                      "cannot write " + Path("folder") + ": it is a folder");
+    EXPECT_THROW_MSG(ReplacingFile(Path("folder/")), std::runtime_error,
+                     "cannot write " + Path("folder/") + ": it is a folder");
+    EXPECT_THROW_MSG(ReplacingFile(""), std::runtime_error, "cannot write : the file name is empty");
     EXPECT_THROW_MSG(ReplacingFile(Path("pipe")), std::runtime_error,
                      "cannot write " + Path("pipe") + ": it is not a regular file");
     // A device node of our own (only root may make one): refused, and left where it is.
