@@ -9,6 +9,7 @@
 #include <vantix/host/Host.h>
 #include <vantix/host/Scene.h>
 
+#include <cstdio>
 #include <stdexcept>
 
 namespace vantix::host
@@ -98,7 +99,10 @@ void loadDemoDataSet()
 
 void loadDataFile(const std::string& path)
 {
-    Load(detail::ReadMeshFile(path));
+    detail::LoadedMesh mesh = detail::ReadMeshFile(path);
+    Load(std::move(mesh.dataSet));
+    if (!mesh.note.empty())
+        std::fprintf(stderr, "vantix: note: %s\n", mesh.note.c_str());
 }
 
 void loadDataSet(const std::string& name, const std::vector<ZoneData>& zones)

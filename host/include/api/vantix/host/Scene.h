@@ -23,8 +23,10 @@ namespace vantix::host
 // streamtraces around the aircraft.
 void loadDemoDataSet();
 // Loads a surface mesh file (STL, OBJ, PLY, and the other formats the mesh importer reads) into the active
-// frame as one static zone: every mesh merged and triangulated, coloured by height (the node's z). Throws
-// std::runtime_error with a message that names the file and the reason when it cannot be read.
+// frame as one static zone: every mesh merged and triangulated, coloured by height (the node's z).
+// Triangles with a corner too far out to draw (not finite, or beyond 1e15) are left out, said so in a note
+// on standard error, and the view fits the rest. Throws std::runtime_error with a message that names the
+// file and the reason when it cannot be read or nothing drawable is left.
 void loadDataFile(const std::string& path);
 
 using Point3 = std::array<double, 3>;
