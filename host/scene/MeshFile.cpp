@@ -12,7 +12,6 @@
 #include <cmath>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <new>
 #include <stdexcept>
 #include <system_error>
@@ -41,11 +40,15 @@ const char* const UndrawableReason = "a corner coordinate is not a finite number
 
 std::string Contents(const std::string& path)
 {
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file(path, std::ios::binary | std::ios::ate);
     if (!file)
         throw MeshFormatError("it cannot be opened");
-    std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    if (file.bad())
+    const std::streamoff size = file.tellg();
+    if (size < 0)
+        throw MeshFormatError("it cannot be read: it is not a plain file");
+    std::string bytes(static_cast<std::size_t>(size), '\0');
+    file.seekg(0);
+    if (!file.read(bytes.data(), size))
         throw MeshFormatError("it cannot be read to the end");
     return bytes;
 }
