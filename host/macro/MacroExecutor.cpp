@@ -61,10 +61,11 @@ void RunAddOnCommand(const macro::AddOnCommand& command)
                                         : reason);
 }
 
+// The export's reason may name the file the macro gave, control bytes and all.
 [[noreturn]] void ExportFailed(const std::string& what)
 {
     const std::string& why = LastExportError();
-    throw MacroError(why.empty() ? what : what + ": " + why);
+    throw MacroError(why.empty() ? what : what + ": " + InputExcerpt(why, ApiRefusalLength));
 }
 
 void RunExportStep(const macro::ExportStep& command)

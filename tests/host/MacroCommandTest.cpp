@@ -240,6 +240,8 @@ TEST_F(MacroCommandTest, AFailingCommandStopsTheReplayNamingFileLineAndReason)
         {"$!EXPORTSETUP ExportFName = \"x.png", "$!EXPORTSETUP: the file name of ExportFName has no closing \""},
         {"$!EXPORTSETUP ExportFName = y.png'", "$!EXPORTSETUP: the file name of ExportFName has no opening '"},
         {"$!EXPORTNEXTFRAME", "the next frame could not be exported: no export is in progress"},
+        {"$!EXPORTSETUP ExportFormat = AVI\n$!EXPORTSETUP ExportFName = \"\rno/x.avi\"\n$!EXPORTSTART",
+         "the export could not be started: cannot write " + m_folder.string() + "/\\rno/x.avi: No such file or directory"},
         {"$!EXPORTFINISH", "the export could not be finished: no export is in progress"},
         {"$!EXPORTSETUP ExportFormat = PNG\n$!EXPORTSTART",
          "the export could not be started: the export format does not hold an animation"},
