@@ -31,8 +31,9 @@ ModuleHandle::ModuleHandle(const std::string& path)
         // The loader names the file itself; once is enough.
         if (reason.compare(0, path.size() + 2, path + ": ") == 0)
             reason.erase(0, path.size() + 2);
+        // The loader's reason may name other files and symbols: room for them, not for an endless path.
         throw std::runtime_error("cannot load the add-on module " + InputExcerpt(path) + ": " +
-                                 InputExcerpt(reason));
+                                 InputExcerpt(reason, 2 * InputExcerptLength));
     }
 }
 
