@@ -19,8 +19,10 @@
 #include <vantix/host/Render.h>
 #include <vantix/host/Scene.h>
 
+#include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdio>
@@ -60,25 +62,20 @@ void Append(std::string& data, Value value, bool bigEndian = false)
         data.push_back(bytes[bigEndian ? sizeof value - 1 - i : i]);
 }
 
-std::string Number(float value)
+std::string Text(const Point& p)
 {
-    char text[32];
-    std::snprintf(text, sizeof text, "%g", value);
+    char text[64];
+    std::snprintf(text, sizeof text, "%g %g %g", p[0], p[1], p[2]);
     return text;
 }
 
 std::string TextStl(const Shape& shape)
 {
     std::string text = "solid cone\n";
-    for (const auto& triangle : shape.triangles)
-    {
-        text += "  facet normal 0 0 1\n    outer loop\n";
-        for (const std::uint32_t corner : triangle)
-            for (int axis = 0; axis < 4; ++axis)
-                text += axis == 0 ? "      vertex"
-                                  : " " + Number(shape.points[corner][axis - 1]) + (axis == 3 ? "\n" : "");
-        text += "    endloop\n  endfacet\n";
-    }
+    for (const auto& corner : shape.triangles)
+        text += "  facet normal 0 0 1\n    outer loop\n      vertex " + Text(shape.points[corner[0]]) +
+                "\n      vertex " + Text(shape.points[corner[1]]) + "\n      vertex " +
+                Text(shape.points[corner[2]]) + "\n    endloop\n  endfacet\n";
     return text + "endsolid cone\n";
 }
 
@@ -102,7 +99,7 @@ std::string Obj(const Shape& shape)
 {
     std::string text = "# cone\nmtllib cone.mtl\no cone\nvt 0 0\nvn 0 0 1\ng side\nusemtl grey\ns 1\n";
     for (const Point& p : shape.points)
-        text += "v " + Number(p[0]) + " " + Number(p[1]) + " " + Number(p[2]) + "\n";
+        text += "v " + Text(p) + "\n";
     const std::string forms[] = {"", "/1", "//1", "/1/1"};
     for (std::size_t t = 0; t < shape.triangles.size(); ++t)
     {
@@ -130,85 +127,35 @@ std::string Ply(const Shape& shape, const std::string& format)
                        "property int vertex2\nend_header\n";
     for (const Point& p : shape.points)
         if (text)
-            data += Number(p[0]) + " " + Number(p[1]) + " 200 " + Number(p[2]) + "\n";
+            data += Text({p[0], p[1], 200}) + " " + std::to_string(p[2]) + "\n";
         else
-        {
-            Append<double>(data, p[0], big), Append<double>(data, p[1], big), Append<std::uint8_t>(data, 200);
-            Append<double>(data, p[2], big);
-        }
-    for (const auto& triangle : shape.triangles)
-    {
+            Append<double>(data, p[0], big), Append<double>(data, p[1], big), Append<std::uint8_t>(data, 200),
+                Append<double>(data, p[2], big);
+    for (const auto& corner : shape.triangles)
         if (text)
-            data += "3 " + std::to_string(triangle[0]) + " " + std::to_string(triangle[1]) + " " +
-                    std::to_string(triangle[2]) + "\n";
+            data += "3 " + Text({float(corner[0]), float(corner[1]), float(corner[2])}) + "\n";
         else
-        {
-            Append<std::uint8_t>(data, 3);
-            for (const std::uint32_t corner : triangle)
-                Append<std::int32_t>(data, static_cast<std::int32_t>(corner), big);
-        }
-    }
+            Append<std::uint8_t>(data, 3), Append(data, corner[0], big), Append(data, corner[1], big),
+                Append(data, corner[2], big);
     return data + (text ? "0 1\n" : std::string(8, '\1'));
 }
 
-// An edit of a binary file at a place its layout gives meaning to.
+// An edit of a binary file where its layout gives the bytes a meaning: the data cut at or inside a record,
+// or a 32-bit word (the count of an STL file, or a count, an index or a coordinate) made extreme.
 void MutateBinary(std::string& data, fuzz::Random& random)
 {
     const std::size_t end = data.find("end_header\n");
-    const std::size_t start = end != std::string::npos ? end + 11 : data.size() >= 84 ? 84 : data.size();
+    const std::size_t start = std::min(data.size(), end != std::string::npos ? end + 11 : 84);
     const std::size_t at = start + random.below(data.size() - start + 1);
     const std::size_t recordBytes = end != std::string::npos ? 25 : 50; // a vertex of the binary PLY here
     static const std::vector<std::uint32_t> words{
         0xFFFFFFFF, 0x7FFFFFFF, 0x80000000, 0x7F800000, 0xFF800000, 0x7FC00000, 0x5A0E1BCA /* 1e16 */, 12, 0};
-    switch (random.below(4))
-    {
-    case 0: // the count of a binary STL
-        if (data.size() >= 84)
-            std::memcpy(&data[80], &random.pick(words), 4);
-        break;
-    case 1: // cut at or inside a record
+    const std::size_t word = end == std::string::npos && random.oneIn(2) ? 80 : at;
+    if (random.oneIn(2))
         data.resize(at - (random.oneIn(2) ? (at - start) % recordBytes : 0));
-        break;
-    case 2: // a count, an index or a coordinate made extreme
-        if (at + 4 <= data.size())
-            std::memcpy(&data[at], &random.pick(words), 4);
-        break;
-    default:
-        if (at < data.size())
-            data[at] = static_cast<char>(random.oneIn(2) ? 0xFF : random.below(256));
-    }
+    else if (word + 4 <= data.size())
+        std::memcpy(&data[word], &random.pick(words), 4);
 }
-
-// Standard error goes to a file while a mutant loads, so that its note can be checked.
-class ErrorOutputCapture
-{
-public:
-    explicit ErrorOutputCapture(const std::filesystem::path& file)
-        : m_file(std::fopen(file.c_str(), "w+")), m_saved(dup(STDERR_FILENO))
-    {
-        std::fflush(stderr);
-        dup2(fileno(m_file), STDERR_FILENO);
-    }
-    ~ErrorOutputCapture()
-    {
-        std::fflush(stderr);
-        dup2(m_saved, STDERR_FILENO);
-        close(m_saved);
-        std::fclose(m_file);
-    }
-    std::string text() const
-    {
-        std::fflush(stderr);
-        std::string captured(static_cast<std::size_t>(ftell(m_file)), '\0');
-        std::rewind(m_file);
-        captured.resize(std::fread(captured.data(), 1, captured.size(), m_file));
-        return captured;
-    }
-
-private:
-    std::FILE* m_file;
-    int m_saved;
-};
 
 bool OneLine(const std::string& text)
 {
@@ -229,20 +176,31 @@ fuzz::Outcome Check(std::string mutant, const std::filesystem::path& folder, std
     const std::size_t mostTriangles = mutant.size() / (stl ? 13 : 1);
     host::reset();
     host::addFrame(PlotType_Cartesian3D);
-    ErrorOutputCapture errors(folder / "errors.txt");
+    // Standard error goes to a file while the mutant loads, so that a note can be checked.
+    std::fflush(stderr);
+    const int savedErrors = dup(STDERR_FILENO), errorFile = creat((folder / "errors").c_str(), 0600);
+    dup2(errorFile, STDERR_FILENO);
+    close(errorFile);
+    std::string refusal;
     try
     {
         host::loadDataFile(path);
     }
     catch (const std::runtime_error& error)
     {
-        const std::string lead = "cannot read mesh file '" + path + "': ";
-        if (std::string(error.what()).rfind(lead, 0) != 0 || !OneLine(error.what()) || host::hasDataSet() ||
-            !errors.text().empty())
+        refusal = error.what();
+    }
+    std::fflush(stderr);
+    dup2(savedErrors, STDERR_FILENO);
+    close(savedErrors);
+    const std::string note = testsupport::ReadFile(folder / "errors");
+    if (!refusal.empty())
+    {
+        if (refusal.rfind("cannot read mesh file '" + path + "': ", 0) != 0 || !OneLine(refusal) ||
+            host::hasDataSet() || !note.empty())
             throw fuzz::Finding(
-                "a refusal not of one line naming the file, or leaving a data set or output: " +
-                std::string(error.what()));
-        return {false, error.what()};
+                "a refusal not of one line naming the file, or leaving a data set or output: " + refusal);
+        return {false, refusal};
     }
     const auto zones = host::zones();
     const auto [low, high] = host::scalarRange();
@@ -254,7 +212,7 @@ fuzz::Outcome Check(std::string mutant, const std::filesystem::path& folder, std
         if (!(std::abs(value) <= Drawable))
             throw fuzz::Finding("a height, an origin or a width beyond the drawable bound: " +
                                 std::to_string(value));
-    const std::string note = errors.text(), lead = "vantix: note: mesh file '" + path + "': left out ";
+    const std::string lead = "vantix: note: mesh file '" + path + "': left out ";
     unsigned long left = 0, of = 0;
     if (!note.empty() && (note.rfind(lead, 0) != 0 || !OneLine(note.substr(0, note.size() - 1)) ||
                           std::sscanf(note.c_str() + lead.size(), "%lu of %lu", &left, &of) != 2 ||
@@ -272,40 +230,21 @@ int main(int argc, char** argv)
     const testsupport::TempFolder folder("mesh-file-fuzz");
     const Shape small = Cone(6, 2.0f), large = Cone(16, -0.5f);
     std::size_t drawn = 0;
-    return fuzz::Main(
-        argc, argv,
-        {"mesh_file_fuzz",
-         ".mesh",
-         {TextStl(small), BinaryStl(small, "binary STL of a cone"),
-          BinaryStl(large, "solid cone, but binary"), Obj(small), Obj(large), Ply(small, "ascii"),
-          Ply(small, "binary_little_endian"), Ply(large, "binary_big_endian")},
-         {{"0",    "-1",         "1e15",       "-1e15",      "1.1e15",     "1e16",
-           "1e38", "1e39",       "-1e400",     "1e-400",     "nan",        "inf",
-           "-inf", "2147483647", "2147483648", "4294967295", "4294967296", "99999999999999999999",
-           "0x10", "+-1",        "1e",         "."},
-          {"solid",
-           "endsolid",
-           "facet normal 0 0 1",
-           "outer loop",
-           "vertex 1 2 3",
-           "endloop",
-           "endfacet",
-           "v 1 2 3",
-           "v 1e39 0 0",
-           "f 1 2 3",
-           "f -1 -2 -3",
-           "f 1/1/1 2//2 3/3",
-           "f 0 1 2",
-           "f 1 2",
-           "element vertex 4294967295",
-           "element face 2147483648",
-           "property list uint uint vertex_indices",
-           "property double x",
-           "end_header",
-           "format binary_little_endian 1.0",
-           "3 0 1 2",
-           "4 0 1 2 3"},
-          {"v", "f", "vertex", "3", "comment "}},
-         160,
-         [&](const std::string& mutant) { return Check(mutant, folder.path(), drawn); }});
+    // clang-format off
+    const fuzz::Vocabulary vocabulary{
+        {"0", "-1", "1e15", "-1e15", "1.1e15", "1e16", "1e38", "1e39", "-1e400", "1e-400", "nan", "inf", "-inf",
+         "2147483647", "2147483648", "4294967295", "4294967296", "99999999999999999999", "0x10", "+-1", "1e", "."},
+        {"solid", "endsolid", "facet normal 0 0 1", "outer loop", "vertex 1 2 3", "endloop", "endfacet", "v 1 2 3",
+         "v 1e39 0 0", "f 1 2 3", "f -1 -2 -3", "f 1/1/1 2//2 3/3", "f 0 1 2", "f 1 2", "element vertex 4294967295",
+         "element face 2147483648", "property list uint uint vertex_indices", "property double x", "end_header",
+         "format binary_little_endian 1.0", "3 0 1 2", "4 0 1 2 3"},
+        {"v", "f", "vertex", "3", "comment "}};
+    const std::vector<std::string> valid{
+        TextStl(small), BinaryStl(small, "binary STL of a cone"), BinaryStl(large, "solid cone, but binary"),
+        Obj(small), Obj(large), Ply(small, "ascii"), Ply(small, "binary_little_endian"),
+        Ply(large, "binary_big_endian")};
+    // clang-format on
+    return fuzz::Main(argc, argv,
+                      {"mesh_file_fuzz", ".mesh", valid, vocabulary, 160,
+                       [&](const std::string& mutant) { return Check(mutant, folder.path(), drawn); }});
 }
