@@ -52,6 +52,9 @@ void FitView(View3D& view, const Bounds& bounds, double aspect)
     double width = 2.0 * std::max(halfWidth, halfHeight * aspect) * FitMargin;
     if (!(width > 0.0))
         width = 1.0; // a single point: any width shows it
+    // The renderer works in floats and divides by the width: a smaller data set is shown as a point.
+    constexpr double SmallestWidth = 1e-15;
+    width = std::max(width, SmallestWidth);
     const double distance = std::max(width / (2.0 * std::tan(view.fieldOfView() / 2.0 * DegreesToRadians)),
                                      1.2 * bounds.radius());
     const bool perspective = view.perspective();
