@@ -7,14 +7,16 @@
 // a failure whose message is one line "<file>:<line>: <reason>" naming a line of the mutant (line 1 when the
 // header is refused). The host must be left clean: no lock held, no protocol error, no host string kept.
 //
-// Replays stay cheap: pictures 16 pixels wide, movies of a few frames, and every file a mutant writes goes
-// into a sub-folder "out" of the work folder, emptied before each mutant, so that a name would need several
-// edits in one place to reach outside it.
+// Replays stay cheap: pictures 16 pixels wide (set before each replay, not by the macros, so that no edit of
+// a digit makes them thousands of pixels wide and gigabytes large), movies of a few frames, and every file a
+// mutant writes goes into a sub-folder "out" of the work folder, emptied before each mutant, so that a name
+// would need several edits in one place to reach outside it.
 #include "FuzzDriver.h"
 
 #include "../support/TempFolder.h"
 
 #include <VtxUtil.h>
+#include <vantix/host/Export.h>
 #include <vantix/host/Host.h>
 #include <vantix/host/Macro.h>
 
@@ -39,7 +41,7 @@ const std::vector<std::string> HandWritten{
     "$!SETSTYLEVALUE ExportSetup ExportFName = 'out/it\\'s a \"name\" \\\\ with\\nbreaks\\r'\n"
     "$!ROTATE3DVIEW PSI = 10\n$!rotate3dview theta=-2.5e1\n$!ROTATE3DVIEW ALPHA = 1e-07\n"
     "$!SOLUTIONTIME = 3\n\t  $!REDRAW  \t\n$!REDRAW",
-    "#!VTXMACRO 1\n$!LOADDATA FILE = 'tri.stl'\n$!EXPORTSETUP ExportFormat = PNG\n$!EXPORTSETUP ImageWidth = 16\n"
+    "#!VTXMACRO 1\n$!LOADDATA FILE = 'tri.stl'\n$!EXPORTSETUP ExportFormat = PNG\n"
     "$!EXPORTSETUP ExportRegion = WORKAREA\n$!EXPORTSETUP ExportFName = \"out/still.png\"\n$!EXPORT\n"
     "$!EXPORTSETUP ExportFormat = AVI\n$!EXPORTSETUP AnimationSpeed = 2.5\n"
     "$!EXPORTSETUP UseSuperSampleAntiAliasing = true\n$!EXPORTSETUP SuperSampleFactor = 2\n"
@@ -66,15 +68,15 @@ void Replace(std::string& text, const std::string& from, const std::string& to)
         text.replace(at, text.find_first_not_of("0123456789", at + from.size()) - at, to);
 }
 
-// The examples as they are, but for pictures 16 pixels wide, three frames of a movie, files written into
-// "out", and the small data set of the work folder instead of the demo (which only stray lines load).
+// The examples as they are, but for the picture width, three frames of a movie, files written into "out",
+// and the small data set of the work folder instead of the demo (which only stray lines load).
 std::vector<std::string> ValidMacros()
 {
     std::vector<std::string> macros = HandWritten;
     for (const char* example : {"demo_mpeg4.mcr", "keyframe_demo.mcr"})
     {
         std::string text = testsupport::ReadFile(fs::path(EXAMPLES_FOLDER) / example);
-        Replace(text, "ImageWidth = ", "ImageWidth = 16");
+        Replace(text, "$!EXPORTSETUP ImageWidth = ", "");
         Replace(text, "LOADDATA DEMO", "LOADDATA FILE = \"tri.stl\"");
         Replace(text, "ExportFName = \"", "ExportFName = \"out/");
         const std::string step = "$!ROTATE3DVIEW THETA = 5\n$!EXPORTNEXTFRAME\n";
@@ -104,6 +106,7 @@ fuzz::Outcome Check(const std::string& mutant, const fs::path& folder)
     fs::create_directory(folder / "out");
     host::reset();
     host::addFrame(PlotType_Cartesian3D);
+    host::setExportSetupFromText("ImageWidth", "16");
 
     const fs::path file = folder / "fuzz.mcr";
     host::MacroResult result;
