@@ -55,13 +55,12 @@ protected:
             clickToggle(Antialiasing_TOG_D2);
     }
 
-    // A field's text or a label, a toggle's state, or the entry or button chosen.
+    // A field's text or a label, or the entry or button chosen.
     static std::string Shown(int control)
     {
         const GuiElement e = guiElement(control);
         return e.kind == GuiKind::TextField ? e.text
                : e.kind == GuiKind::Label   ? e.label
-               : e.kind == GuiKind::Toggle  ? (e.on ? "on" : "off")
                                             : std::to_string(e.choice);
     }
 
@@ -70,9 +69,10 @@ protected:
 
 // The format, the width choice and antialiasing grey out what they leave unused: the AVI compression, the
 // Flash options, the width field, the animation speed and the supersample factor, in this order. The image
-// size shown is the region's, or the entered width with the region's aspect. Help, Cancel, closing and a
-// cancelled file prompt apply nothing and run nothing.
-TEST_F(DialogExportOptionsTest, GreysOutWhatTheChoicesLeaveUnusedShowsTheImageSizeAndLeavesWithoutApplying)
+// size shown is the region's, or the entered width with the region's aspect. The dialog shows the host's
+// export setup within its bounds. Help, Cancel, closing and a cancelled file prompt apply nothing and run
+// nothing.
+TEST_F(DialogExportOptionsTest, GreysOutUnusedChoicesShowsTheSetupAndImageSizeAndLeavesWithoutApplying)
 {
     setFramePlacement(addFrame(PlotType_Cartesian3D), {0.5, 2.0, 4.0, 6.0}); // both: 10.5 x 7 inches
     activateFrame(m_frame);
@@ -105,35 +105,12 @@ TEST_F(DialogExportOptionsTest, GreysOutWhatTheChoicesLeaveUnusedShowsTheImageSi
     EXPECT_EQ(before, std::make_pair(guiElement(Dialog2Manager).children, dialogs().size()));
     EXPECT_EQ(3, guiElement(Region_OPT_D2).choice);
     // A width out of bounds is refused and the field shows the last good one; the other fields' bounds show
-    // in what the dialog makes of the host's export setup.
+    // in what the dialog makes of the host's export setup when it comes up.
     EXPECT_TRUE(enterText(Width_TF_D2, "3"));
     EXPECT_EQ((Texts{"Invalid input. Input must be a number between 4 and 32766.", "640"}),
               (Texts{errorMessages().back(), Shown(Width_TF_D2)}));
 
-    pressHelp(Dialog2Manager);
-    EXPECT_EQ("export_options.html", helpRequests().back().page);
-    setMacroRecording(true);
-    for (const auto& [wayOut, promptFirst] :
-         {std::make_pair(pressCancel, true), std::make_pair(closeDialog, false)})
-    {
-        Relaunch();
-        if (promptFirst)
-        {
-            scriptFileCancel();
-            pressOk(Dialog2Manager);
-            EXPECT_EQ((Ints{1, 1}), (Ints{guiElement(Dialog2Manager).up, lockDepth(AddOnID)}));
-        }
-        wayOut(Dialog2Manager);
-        EXPECT_EQ((Ints{0, 0}), (Ints{guiElement(Dialog2Manager).up, lockDepth(AddOnID)}));
-    }
-    EXPECT_THAT(m_lockDepthsInAction, IsEmpty());
-    EXPECT_EQ(0, callCount("VtxUtilExportSetup"));
-    EXPECT_THAT(recordedMacroLines(), IsEmpty());
-}
-
-TEST_F(DialogExportOptionsTest, ShowsTheHostsExportSetupWithinTheDialogsBounds)
-{
-    const std::tuple<std::string, StyleData, int, std::string> cases[] = {
+    const std::tuple<std::string, StyleData, int, std::string> setups[] = {
         {"AnimationSpeed", 0.37, AnimationSpeed_TF_D2, "0.37"},
         {"SuperSampleFactor", 1, SupersampleFactor_TF_D2, "2"},
         {"ExportFormat", 22, Format_OPT_D2, "6"},
@@ -143,12 +120,28 @@ TEST_F(DialogExportOptionsTest, ShowsTheHostsExportSetupWithinTheDialogsBounds)
         {"FlashCompressionType", 1, Optimization_RADIO_D2, "2"},
         {"FlashCompressionType", 0, Optimization_RADIO_D2, "1"},
     };
-    for (const auto& [setting, value, control, shown] : cases)
+    for (const auto& [setting, value, control, shown] : setups)
     {
         setStyle({"ExportSetup", setting}, value);
         Relaunch();
         EXPECT_EQ(shown, Shown(control)) << setting;
     }
+
+    pressHelp(Dialog2Manager);
+    EXPECT_EQ("export_options.html", helpRequests().back().page);
+    setMacroRecording(true);
+    Relaunch();
+    scriptFileCancel();
+    pressOk(Dialog2Manager);
+    EXPECT_EQ((Ints{1, 1}), (Ints{guiElement(Dialog2Manager).up, lockDepth(AddOnID)}));
+    pressCancel(Dialog2Manager);
+    EXPECT_EQ((Ints{0, 0}), (Ints{guiElement(Dialog2Manager).up, lockDepth(AddOnID)}));
+    Relaunch();
+    closeDialog(Dialog2Manager);
+    EXPECT_EQ((Ints{0, 0}), (Ints{guiElement(Dialog2Manager).up, lockDepth(AddOnID)}));
+    EXPECT_THAT(m_lockDepthsInAction, IsEmpty());
+    EXPECT_EQ(0, callCount("VtxUtilExportSetup"));
+    EXPECT_THAT(recordedMacroLines(), IsEmpty());
 }
 
 TEST_F(DialogExportOptionsTest, OkWritesEveryChoiceToTheExportSetupRecordsItAndRunsTheActionUnlocked)

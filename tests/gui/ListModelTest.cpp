@@ -58,18 +58,13 @@ struct RecordingObserver : ListModelObserverInterface
 class ListModelTest : public ::testing::Test
 {
 protected:
-    void Attach()
-    {
-        m_model.addObserver(m_a);
-        m_model.addObserver(m_b);
-    }
-
     NumberModel m_model{{1, 2, 3}};
     std::vector<std::string> m_log;
     RecordingObserver m_a{"a", m_log}, m_b{"b", m_log};
 };
 
-TEST_F(ListModelTest, EndIsOnePastTheLastItemAndMeansNotFound)
+// A pre-mapped model is complete from the start: nothing to rebuild, nothing to tell its observers.
+TEST_F(ListModelTest, EndIsOnePastTheLastItemAndMeansNotFoundAndAPreMappedModelHoldsItsEntriesInOrder)
 {
     // The numbers, the one looked for, end() and the index found.
     const std::tuple<std::vector<int>, int, unsigned long, unsigned long> cases[] = {
@@ -84,22 +79,32 @@ TEST_F(ListModelTest, EndIsOnePastTheLastItemAndMeansNotFound)
             << wanted;
     }
     EXPECT_EQ("No items available.", NumberModel().emptyModelMessage());
+
+    const PreMappedValue<TimeAnimationOperation_e> entries[] = {{"Loop", Loop}, {"Bounce", Bounce}};
+    ListModelPreMapped<TimeAnimationOperation_e> model(entries, 2);
+    model.addObserver(m_a);
+    EXPECT_EQ(std::make_tuple(2ul, std::string("Bounce"), Bounce, 1ul, model.end(), 0ul),
+              std::make_tuple(model.size(), model.displayString(1), model.data(1), model.indexForData(Bounce),
+                              model.indexForData(Forward), m_log.size()));
+    EXPECT_THROW(model.displayString(2), std::out_of_range);
 }
 
+// Nobody to tell: a change is dropped, and the first observer, starting from the current contents, settles
+// a reset, so that the next item-level change is told at once. A change made while an observer hears of
+// another is delivered on its own, to every observer once. An observer that throws or detaches another
+// stops the delivery to the others, and neither the failed reset nor its record is left pending.
 TEST_F(ListModelTest, EachObserverHearsEveryChangeInOrderAndAResetRebuildsTheModelFirst)
 {
-    // Nobody to tell: the change is dropped, and the first observer, starting from the current contents,
-    // settles the reset, so that the next item-level change is told at once.
     m_model.report(ChangeInfo_s::ItemsAdded, {0});
     m_model.modelReset();
-    Attach();
+    m_model.addObserver(m_a);
+    m_model.addObserver(m_b);
     m_model.report(ChangeInfo_s::ItemsAdded, {1, 2});
     m_model.report(ChangeInfo_s::ItemsDeleted, {0});
     m_model.modelReset();
     EXPECT_THAT(m_log, ElementsAre("a:0[1,2]", "b:0[1,2]", "a:1[0]", "b:1[0]", "a:3[]", "b:3[]"));
     EXPECT_EQ(2, m_model.rebuilds) << "once for the first observer, once for the reset";
 
-    // A change made while an observer hears of another is delivered on its own, to every observer once.
     m_log.clear();
     m_a.onChange = [this](const ChangeInfo_s& change)
     {
@@ -108,30 +113,15 @@ TEST_F(ListModelTest, EachObserverHearsEveryChangeInOrderAndAResetRebuildsTheMod
     };
     m_model.report(ChangeInfo_s::ItemsAdded, {3});
     EXPECT_THAT(m_log, ::testing::UnorderedElementsAre("a:0[3]", "b:0[3]", "a:2[2]", "b:2[2]"));
-}
 
-TEST_F(ListModelTest, AnObserverThatThrowsOrDetachesAnotherStopsTheDeliveryToTheOthers)
-{
-    Attach();
+    m_log.clear();
     m_a.onChange = [](const ChangeInfo_s&) { throw std::runtime_error("observer failed"); };
     EXPECT_THROW(m_model.modelReset(), std::runtime_error);
-    // Neither the failed reset nor its record is left pending.
     m_a.onChange = nullptr;
     m_model.report(ChangeInfo_s::ItemsUpdated, {1});
     m_a.onChange = [this](const ChangeInfo_s&) { m_model.removeObserver(m_b); };
     m_model.report(ChangeInfo_s::ItemsUpdated, {0});
     EXPECT_THAT(m_log, ElementsAre("a:3[]", "a:2[1]", "b:2[1]", "a:2[0]"));
-}
-
-TEST_F(ListModelTest, APreMappedModelHoldsItsEntriesInOrderAndRefusesIndicesBeyondThem)
-{
-    const PreMappedValue<TimeAnimationOperation_e> entries[] = {{"Loop", Loop}, {"Bounce", Bounce}};
-    ListModelPreMapped<TimeAnimationOperation_e> model(entries, 2);
-    model.addObserver(m_a); // complete from the start: nothing to rebuild, nothing to tell
-    EXPECT_EQ(std::make_tuple(2ul, std::string("Bounce"), Bounce, 1ul, model.end(), 0ul),
-              std::make_tuple(model.size(), model.displayString(1), model.data(1), model.indexForData(Bounce),
-                              model.indexForData(Forward), m_log.size()));
-    EXPECT_THROW(model.displayString(2), std::out_of_range);
 }
 
 using OptionMenuStaticManagerTest = testsupport::GuiListTest;

@@ -33,10 +33,7 @@ public:
     {
         return name(at) == "!" ? throw std::runtime_error("unreadable") : name(at);
     }
-    void reportDeleted(std::vector<unsigned long> indices)
-    {
-        queueChange(ChangeInfo_s::ItemsDeleted, indices);
-    }
+    void reportDeleted(std::vector<unsigned long> at) { queueChange(ChangeInfo_s::ItemsDeleted, at); }
 
 private:
     ModelLife_s& m_life;
@@ -168,10 +165,12 @@ TEST_F(ListViewTest, DeletesOnlyTheModelsItOwnsWhenTheyAreReplacedOrTheViewGoes)
     EXPECT_THAT(ControlCallsSinceMark(), IsEmpty());
 }
 
+// A model set while suspended, even to a view that had none, is observed only from the resumption on. A
+// model that cannot be shown passes its error on and leaves the host unlocked.
 TEST_F(ListViewTest, WhileSuspendedLetsTheModelFreeItsMemoryAndResumingObservesAndShowsItAnew)
 {
     ModelLife_s life, laterLife;
-    CountingModel model(life, "AB"), later(laterLife, "P");
+    CountingModel model(life, "AB"), later(laterLife, "P"), failing(life, "!");
     ListView view(m_list, ListView::MultiSelection);
     view.setModel(model);
     view.suspendUpdates();
@@ -186,7 +185,6 @@ TEST_F(ListViewTest, WhileSuspendedLetsTheModelFreeItsMemoryAndResumingObservesA
     view.resumeUpdates(); // not suspended: nothing to do
     EXPECT_THAT(TraceSinceMark(), IsEmpty());
 
-    // A model set while suspended, even to a view that had none, is observed only from the resumption on.
     ListView fresh(m_list, ListView::MultiSelection);
     fresh.suspendUpdates();
     fresh.setModel(later);
@@ -195,14 +193,8 @@ TEST_F(ListViewTest, WhileSuspendedLetsTheModelFreeItsMemoryAndResumingObservesA
     EXPECT_THAT(ControlCallsSinceMark(), IsEmpty());
     fresh.resumeUpdates();
     EXPECT_EQ(std::make_pair(1, std::string("P Q")), std::make_pair(laterLife.rebuilds, Shown()));
-}
 
-TEST_F(ListViewTest, AFailingModelPassesItsErrorOnAndLeavesTheHostUnlocked)
-{
-    ModelLife_s life;
-    CountingModel model(life, "!");
-    ListView view(m_list, ListView::MultiSelection);
-    EXPECT_THROW(view.setModel(model), std::runtime_error);
-    EXPECT_EQ(std::make_pair(0, static_cast<ListModelGenericInterface*>(&model)),
-              std::make_pair(vantix::host::lockDepth(AddOnID), view.model()));
+    EXPECT_THROW(fresh.setModel(failing), std::runtime_error);
+    EXPECT_EQ(std::make_pair(0, static_cast<ListModelGenericInterface*>(&failing)),
+              std::make_pair(vantix::host::lockDepth(AddOnID), fresh.model()));
 }

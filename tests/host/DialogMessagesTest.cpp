@@ -19,29 +19,12 @@ using namespace ::testing;
 using testsupport::TempFolder;
 using testsupport::WriteFile;
 using Kind = vantix::host::UserMessage::Kind;
+using ::testing::internal::CaptureStderr;
+using ::testing::internal::GetCapturedStderr;
 
 using DialogMessagesTest = testsupport::HostTest;
 
-TEST_F(DialogMessagesTest, ErrorMessagesAreLoggedAndWrittenToStandardErrorAndAResetForgetsThem)
-{
-    VtxUtilDialogErrMsg("No Key Frames established.");
-    testing::internal::CaptureStderr();
-    VtxUtilDialogErrMsg("Invalid input.\nInput must be a number.");
-    EXPECT_EQ("vantix: error: Invalid input.\n    Input must be a number.\n",
-              testing::internal::GetCapturedStderr());
-    EXPECT_THAT(host::errorMessages(),
-                ElementsAre("No Key Frames established.", "Invalid input.\nInput must be a number."));
-    EXPECT_EQ(std::make_pair(Kind::ErrorMessage, 2L),
-              std::make_pair(host::userMessages().at(0).kind, host::callCount("VtxUtilDialogErrMsg")));
-    host::scriptAnswer(true);
-    host::scriptFileName("x");
-    host::reset();
-    EXPECT_EQ(0u, host::pendingScriptedAnswers());
-    EXPECT_THAT(host::userMessages(), IsEmpty());
-    EXPECT_FALSE(VtxUtilDialogMessageBox("Yes?", MessageBoxType_YesNo));
-}
-
-TEST_F(DialogMessagesTest, MessageBoxesAnswerFromTheScriptOrAsTheAbsentUserWould)
+TEST_F(DialogMessagesTest, MessagesAreLoggedAndWrittenToStandardErrorAndQuestionsAnswerFromTheScriptOrAsNoOne)
 {
     // clang-format off
     const std::tuple<MessageBoxType_e, std::optional<bool>, bool, std::string> cases[] = {
@@ -59,16 +42,14 @@ TEST_F(DialogMessagesTest, MessageBoxesAnswerFromTheScriptOrAsTheAbsentUserWould
         host::clearUserMessages();
         if (scripted)
             host::scriptAnswer(*scripted);
-        testing::internal::CaptureStderr();
+        CaptureStderr();
         EXPECT_EQ(answer, bool(VtxUtilDialogMessageBox("Go on?", type)));
-        EXPECT_EQ("vantix: " + shown + "\n", testing::internal::GetCapturedStderr());
-        ASSERT_THAT(host::userMessages(), SizeIs(1));
-        const host::UserMessage m = host::userMessages()[0];
-        EXPECT_EQ(
-            std::make_tuple(Kind::MessageBox, std::string("Go on?"), type, answer, scripted.has_value()),
-            std::make_tuple(m.kind, m.text, m.boxType, m.answer, m.scripted))
+        EXPECT_EQ("vantix: " + shown + "\n", GetCapturedStderr());
+        const host::UserMessage m = host::userMessages().at(0);
+        EXPECT_EQ(std::make_tuple(Kind::MessageBox, "Go on?", type, answer, scripted.has_value(), 1ul, 0ul),
+                  std::make_tuple(m.kind, m.text, m.boxType, m.answer, m.scripted,
+                                  host::userMessages().size(), host::pendingScriptedAnswers()))
             << type;
-        EXPECT_EQ(0u, host::pendingScriptedAnswers());
     }
     // A notice takes no scripted answer: the next question does.
     host::scriptAnswer(false);
@@ -76,9 +57,20 @@ TEST_F(DialogMessagesTest, MessageBoxesAnswerFromTheScriptOrAsTheAbsentUserWould
         VtxUtilDialogMessageBox("The current data set is not transient.", MessageBoxType_Information));
     EXPECT_EQ(1u, host::pendingScriptedAnswers());
     EXPECT_FALSE(VtxUtilDialogMessageBox("Overwrite?", MessageBoxType_YesNo));
+
+    // An error message takes no answer; the lines after the first are indented under it.
+    host::clearUserMessages();
+    VtxUtilDialogErrMsg("No Key Frames established.");
+    CaptureStderr();
+    VtxUtilDialogErrMsg("Invalid input.\nInput must be a number.");
+    EXPECT_EQ("vantix: error: Invalid input.\n    Input must be a number.\n", GetCapturedStderr());
+    EXPECT_THAT(host::errorMessages(),
+                ElementsAre("No Key Frames established.", "Invalid input.\nInput must be a number."));
+    EXPECT_EQ(std::make_pair(Kind::ErrorMessage, 2L),
+              std::make_pair(host::userMessages().at(0).kind, host::callCount("VtxUtilDialogErrMsg")));
 }
 
-TEST_F(DialogMessagesTest, FileDialogsHandBackTheScriptedNamesInHostStrings)
+TEST_F(DialogMessagesTest, FileDialogsHandBackTheScriptedNamesInHostStringsAndAResetForgetsTheScript)
 {
     host::scriptFileName("/tmp/run1");
     host::scriptFileCancel();
@@ -93,7 +85,7 @@ TEST_F(DialogMessagesTest, FileDialogsHandBackTheScriptedNamesInHostStrings)
     // clang-format on
     for (const auto& [option, chosen, mode, outcome] : cases)
     {
-        testing::internal::CaptureStderr();
+        CaptureStderr();
         char unrelated = 0;
         char* name = &unrelated; // must be overwritten
         const bool answered = VtxUtilDialogGetFileName(option, &name, "Key Frame Animation",
@@ -104,9 +96,15 @@ TEST_F(DialogMessagesTest, FileDialogsHandBackTheScriptedNamesInHostStrings)
         EXPECT_EQ("vantix: file dialog " + mode +
                       " for Key Frame Animation files *.keyframe, offering \"animation.keyframe\": " +
                       outcome + "\n",
-                  testing::internal::GetCapturedStderr());
+                  GetCapturedStderr());
     }
     EXPECT_EQ(1u, host::pendingScriptedAnswers());
+    // A reset forgets the script and the messages.
+    host::scriptFileName("x");
+    host::reset();
+    EXPECT_EQ(std::make_pair(0ul, 0ul),
+              std::make_pair(host::pendingScriptedAnswers(), host::userMessages().size()));
+    EXPECT_FALSE(VtxUtilDialogMessageBox("Yes?", MessageBoxType_YesNo));
 }
 
 TEST_F(DialogMessagesTest, MisusedMessagesAreReported)
@@ -138,63 +136,55 @@ TEST_F(DialogMessagesTest, MisusedMessagesAreReported)
     EXPECT_EQ(nullptr, name);
 }
 
+// Standard error tells where a page found is, unless a browser, where one is allowed, opened it; a missing
+// page starts no browser.
 TEST_F(DialogMessagesTest, HelpPagesAreFoundInTheHelpFolderAndToldWhereTheyAreOrOpenedWhereABrowserIsAllowed)
 {
     const TempFolder folder("vantix-help");
-    const std::string in = folder.path().string();
+    const std::string in = folder.path().string(), opened = in + "/opened";
     WriteFile(folder.path() / "key_frame_animation.html", "<html></html>");
-    const std::string defaultFolder = host::helpFolder();
-    EXPECT_EQ((fs::path(__FILE__).parent_path() / ".." / ".." / "docs" / "help").lexically_normal().string(),
-              defaultFolder);
-    host::setHelpFolder(in);
-    const std::tuple<std::string, Boolean, bool, std::string> cases[] = {
-        {"key_frame_animation.html", FALSE, true, in + "/key_frame_animation.html"},
-        {"export_options.html", FALSE, false, in + "/export_options.html"},
-        {"https://example.org/help", TRUE, true, "https://example.org/help"},
-    };
-    for (const auto& [page, isURL, found, location] : cases)
-    {
-        testing::internal::CaptureStderr();
-        EXPECT_EQ(found, bool(VtxUtilHelp(page.c_str(), isURL, 0)));
-        EXPECT_EQ("vantix: help: " +
-                      (found ? page + " is at " + location : "there is no help page " + page + " in " + in) +
-                      "\n",
-                  testing::internal::GetCapturedStderr());
-        const host::HelpRequest r = host::helpRequests().back();
-        EXPECT_EQ(std::make_tuple(page, bool(isURL), location, found, false),
-                  std::make_tuple(r.page, r.isURL, r.location, r.found, r.opened))
-            << "a reset host never starts a browser";
-    }
-    // Where a browser is allowed, a page found is opened in it and needs no telling; a missing one starts
-    // none.
-    const std::string opened = in + "/opened";
     const fs::path browser = folder.path() / "browser";
     WriteFile(browser,
               "#!/bin/sh\necho \"$1\" > '" + opened + ".tmp' && mv '" + opened + ".tmp' '" + opened + "'\n");
     fs::permissions(browser, fs::perms::owner_all);
-    const char* before = std::getenv("BROWSER");
+    const char* const before = std::getenv("BROWSER");
     const std::string saved = before ? before : "";
     ::setenv("BROWSER", browser.c_str(), 1);
-    host::setHelpBrowserAllowed(true);
-    testing::internal::CaptureStderr();
-    EXPECT_TRUE(VtxUtilHelp("key_frame_animation.html", FALSE, 0));
-    EXPECT_EQ("", testing::internal::GetCapturedStderr());
-    EXPECT_FALSE(VtxUtilHelp("missing.html", FALSE, 0));
-    const auto requests = host::helpRequests();
-    ASSERT_THAT(requests, SizeIs(5));
-    EXPECT_EQ(std::make_pair(true, false), std::make_pair(requests[3].opened, requests[4].opened));
+    const std::string defaultFolder = host::helpFolder();
+    EXPECT_EQ((fs::path(__FILE__).parent_path() / ".." / ".." / "docs" / "help").lexically_normal().string(),
+              defaultFolder);
+    host::setHelpFolder(in);
+    // The page, whether it is an address, whether a browser is allowed (a reset host allows none), whether
+    // it is found, and where.
+    const std::tuple<std::string, Boolean, bool, bool, std::string> cases[] = {
+        {"key_frame_animation.html", FALSE, false, true, in + "/key_frame_animation.html"},
+        {"export_options.html", FALSE, false, false, in + "/export_options.html"},
+        {"https://example.org/help", TRUE, false, true, "https://example.org/help"},
+        {"key_frame_animation.html", FALSE, true, true, in + "/key_frame_animation.html"},
+        {"missing.html", FALSE, true, false, in + "/missing.html"},
+    };
+    for (const auto& [page, isURL, allowed, found, location] : cases)
+    {
+        if (allowed)
+            host::setHelpBrowserAllowed(true);
+        CaptureStderr();
+        EXPECT_EQ(found, bool(VtxUtilHelp(page.c_str(), isURL, 0)));
+        const std::string told =
+            found ? page + " is at " + location : "there is no help page " + page + " in " + in;
+        EXPECT_EQ(found && allowed ? "" : "vantix: help: " + told + "\n", GetCapturedStderr());
+        const host::HelpRequest r = host::helpRequests().back();
+        EXPECT_EQ(std::make_tuple(page, bool(isURL), location, found, found && allowed),
+                  std::make_tuple(r.page, r.isURL, r.location, r.found, r.opened));
+    }
     // The browser runs on its own; wait for it a while.
     for (int i = 0; i < 100 && !fs::exists(opened); ++i)
         std::this_thread::sleep_for(std::chrono::milliseconds(50));
     EXPECT_EQ(in + "/key_frame_animation.html\n", testsupport::ReadFile(opened));
-    if (before)
-        ::setenv("BROWSER", saved.c_str(), 1);
-    else
-        ::unsetenv("BROWSER");
+    before ? ::setenv("BROWSER", saved.c_str(), 1) : ::unsetenv("BROWSER");
 
     host::reset();
-    EXPECT_EQ(defaultFolder, host::helpFolder());
-    EXPECT_THAT(host::helpRequests(), IsEmpty());
+    EXPECT_EQ(std::make_pair(defaultFolder, 0ul),
+              std::make_pair(host::helpFolder(), host::helpRequests().size()));
 }
 
 } // namespace

@@ -75,17 +75,10 @@ host::StreamtraceZoneData Line(double fromX, double toX, double y, double z)
 }
 
 // Looking straight down the z axis from (0, y, distance), x to the right and y up.
-void LookDown(double width, bool perspective = false, double fieldOfView = 30.0, double distance = 5.0,
-              double y = 0.0)
-{
-    host::ViewState view;
-    view.width = width;
-    view.perspective = perspective;
-    view.fieldOfView = fieldOfView;
-    view.y = y;
-    view.z = distance;
-    host::setView(view);
-}
+const auto LookDown = [](double width, bool perspective = false, double fieldOfView = 30.0,
+                         double distance = 5.0, double y = 0.0) {
+    host::setView({0.0, y, distance, 0.0, 0.0, 0.0, width, perspective, fieldOfView});
+};
 
 // The pixels of a where b differs by more than the tolerance in a channel; b starts at (left, top) of a.
 int DifferentPixels(const Image& a, const Image& b, int tolerance, int left = 0, int top = 0)
@@ -134,10 +127,34 @@ protected:
     }
 };
 
-TEST_F(RenderTest, TheProjectionShowsTheViewWidthOrFieldOfViewAndColoursCompareAcrossTimeStepsOnOneRange)
+// The frame axis, when shown, is in the lower left corner; the projection shows the view width or field of
+// view; colours compare across time steps on one range.
+TEST_F(RenderTest, TheFrameAxisAndTheProjectionShowTheViewAndColoursCompareAcrossTimeStepsOnOneRange)
 {
-    ShowFrameAxis(false);
     host::loadDataSet("square", {Square(0.5, 1.0)});
+    LookDown(2.0);
+    host::setFramePlacement(m_frame, {0.0, 0.0, 1.6, 1.2});
+    const Image shown = host::renderActiveFrame(160, 120);
+    ShowFrameAxis(false);
+    EXPECT_GT(DifferentPixels(host::renderActiveFrame(160, 120), SubImage(shown, 0, 80, 40, 40), 30, 0, 80),
+              20);
+    // Looking down the Z axis: X (red) points right, Y (green) up.
+    const auto strongest = [&](int channel)
+    {
+        std::pair<int, std::array<int, 2>> best{-1000, {}};
+        for (int y = 80; y < 120; ++y)
+            for (int x = 0; x < 40; ++x)
+            {
+                const Pixel p = shown.pixel(x, y);
+                best = std::max(best, {2 * p[channel] - p[(channel + 1) % 3] - p[(channel + 2) % 3], {x, y}});
+            }
+        return best.second;
+    };
+    const auto red = strongest(0), green = strongest(1);
+    EXPECT_GT(red[0], green[0] + 3) << "X to the right of Y";
+    EXPECT_LT(green[1], red[1] - 3) << "Y above X";
+    host::setFramePlacement(m_frame, {0.0, 0.0, 0.64, 0.48});
+
     // The first and last pixels that show something (differ from the background, which is one colour in a
     // row) along row y, or along column x with y < 0.
     const auto covered = [](const Image& image, int x, int y)
@@ -214,16 +231,14 @@ TEST_F(RenderTest, MarkersAndDashesShowOnlyWhenAskedForAndMoveWithTheAnchor)
     host::loadDataSet("line", {Line(-4.0, 4.0, 0.0, 0.0)});
     LookDown(9.0);
     // The dark pixels of the line (rows 22 to 25), or the yellow pixels (of the markers) anywhere.
-    const auto count = [](bool yellow)
+    const auto IsYellow = [](const Pixel& p) { return p[0] > 200 && p[1] > 170 && p[2] < 90; };
+    const auto count = [&](bool yellow)
     {
         const Image image = Render();
         int pixels = 0;
         for (int y = yellow ? 0 : 22; y <= (yellow ? image.height - 1 : 25); ++y)
             for (int x = 0; x < image.width; ++x)
-            {
-                const Pixel p = image.pixel(x, y);
-                pixels += yellow ? p[0] > 200 && p[1] > 170 && p[2] < 90 : p[0] < 80;
-            }
+                pixels += yellow ? IsYellow(image.pixel(x, y)) : image.pixel(x, y)[0] < 80;
         return pixels;
     };
     SetStreamTiming(0.0, 1.0, false, false);
@@ -249,33 +264,6 @@ TEST_F(RenderTest, MarkersAndDashesShowOnlyWhenAskedForAndMoveWithTheAnchor)
         SetStreamTiming(0.0, 1.0, markers, dashes);
         EXPECT_EQ(0, DifferentPixels(atZero, Render(), 0)) << "and back";
     }
-}
-
-TEST_F(RenderTest, TheFrameAxisAppearsInTheLowerLeftCornerWhenShown)
-{
-    host::loadDataSet("square", {Square(0.5, 1.0)});
-    LookDown(2.0);
-    host::setFramePlacement(m_frame, {0.0, 0.0, 1.6, 1.2});
-    const Image shown = host::renderActiveFrame(160, 120);
-    ShowFrameAxis(false);
-    const Image hidden = host::renderActiveFrame(160, 120);
-    const Image corner = SubImage(shown, 0, 80, 40, 40);
-    EXPECT_GT(DifferentPixels(hidden, corner, 30, 0, 80), 20);
-    // Looking down the Z axis: X (red) points right, Y (green) up.
-    const auto strongest = [&](int channel)
-    {
-        std::pair<int, std::array<int, 2>> best{-1000, {}};
-        for (int y = 0; y < corner.height; ++y)
-            for (int x = 0; x < corner.width; ++x)
-            {
-                const Pixel p = corner.pixel(x, y);
-                best = std::max(best, {2 * p[channel] - p[(channel + 1) % 3] - p[(channel + 2) % 3], {x, y}});
-            }
-        return best.second;
-    };
-    const auto red = strongest(0), green = strongest(1);
-    EXPECT_GT(red[0], green[0] + 3) << "X to the right of Y";
-    EXPECT_LT(green[1], red[1] - 3) << "Y above X";
 }
 
 TEST_F(RenderTest, RegionsArePaperInchesInScreenPixelsAndShowEveryFrameAtItsPlaceInStackingOrder)
@@ -330,26 +318,34 @@ TEST_F(RenderTest, RegionsArePaperInchesInScreenPixelsAndShowEveryFrameAtItsPlac
     EXPECT_THROW(host::renderRegion(static_cast<ExportRegion_e>(9), 10, 10), std::invalid_argument);
 }
 
-TEST_F(RenderTest, ARedrawDrawsTheActiveFrameAtItsScreenSizeWhenAskedTo)
+// Drawing suspensions nest: until the last is undone, redraws are skipped and draw nothing.
+TEST_F(RenderTest, ARedrawDrawsTheActiveFrameAtItsScreenSizeWhenAskedToUnlessDrawingIsSuspended)
 {
     host::loadDataSet("cube", {Cube()});
-    VtxUtilRedraw(TRUE);
+    EXPECT_TRUE(VtxUtilRedraw(TRUE));
     EXPECT_TRUE(host::screenImage().empty()) << "off after reset: a redraw is only counted";
     host::setRenderOnRedraw(true);
     VtxUtilRedraw(TRUE);
     const Image screen = host::screenImage();
     ASSERT_EQ(std::make_pair(64, 48), std::make_pair(screen.width, screen.height));
     EXPECT_EQ(0, DifferentPixels(screen, Render(), 0));
-    // Suspended drawing draws nothing; resumed, the next redraw shows the new view.
     host::ViewState view = host::view();
     view.psi = 10.0;
     host::setView(view);
     VtxUtilDrawGraphics(FALSE);
-    VtxUtilRedraw(TRUE);
+    VtxUtilDrawGraphics(FALSE);
+    EXPECT_EQ(2, host::drawSuspensionDepth());
+    EXPECT_TRUE(VtxUtilRedraw(TRUE));
+    VtxUtilDrawGraphics(TRUE);
+    EXPECT_TRUE(VtxUtilRedraw(TRUE));
     EXPECT_EQ(0, DifferentPixels(screen, host::screenImage(), 0));
     VtxUtilDrawGraphics(TRUE);
     VtxUtilRedraw(TRUE);
-    EXPECT_GT(DifferentPixels(screen, host::screenImage(), 20), 0);
+    EXPECT_GT(DifferentPixels(screen, host::screenImage(), 20), 0) << "the next redraw shows the new view";
+    EXPECT_EQ(std::make_pair(3, 2), std::make_pair(host::redrawCount(), host::skippedRedrawCount()));
+    VtxUtilDrawGraphics(TRUE);
+    EXPECT_THAT(host::hostErrors(), ElementsAre(::testing::HasSubstr("not suspended")));
+    host::clearHostErrors();
     host::reset();
     host::addFrame();
     VtxUtilRedraw(TRUE);

@@ -43,7 +43,7 @@ ViewState LookingAt(double psi, double theta, double alpha)
     return view;
 }
 
-TEST_F(ViewTest, OrientationFollowsTheAnglesConvention)
+TEST_F(ViewTest, OrientationFollowsTheAnglesConventionAndAnglesAreKeptWrapped)
 {
     const std::pair<Point, std::array<double, 9>> cases[] = {
         // psi, theta, alpha; the rows right, up, towards the viewer
@@ -59,19 +59,11 @@ TEST_F(ViewTest, OrientationFollowsTheAnglesConvention)
         EXPECT_THAT(host::viewMatrix(), Pointwise(DoubleNear(Tolerance), matrix))
             << angles[0] << " " << angles[1] << " " << angles[2];
     }
-}
 
-TEST_F(ViewTest, AnglesAreReadInRadiansAndKeptWrapped)
-{
-    LookingAt(10.0, -20.0, 30.0);
-    Point angles;
-    ASSERT_TRUE(VtxUtilThreeDViewGetViewerAngle(&angles[0], &angles[1], &angles[2]));
-    for (double& angle : angles)
-        angle *= DegreesPerRadian;
-    EXPECT_THAT(angles, Pointwise(DoubleNear(Tolerance), Point{10.0, -20.0, 30.0}));
-    const Point cases[] = {{170, 20, -170}, {170, 10, 180}, {-170, -10, 180}, {-170, -20, 170},
+    // Angles are kept wrapped into (-180, 180]. (The SDK reads them in radians: the add-on's view tests.)
+    const Point turns[] = {{170, 20, -170}, {170, 10, 180}, {-170, -10, 180}, {-170, -20, 170},
                            {0, 720, 0},     {10, -370, 0},  {179, 1, 180}}; // start, turn, end
-    for (const auto& [start, turn, end] : cases)
+    for (const auto& [start, turn, end] : turns)
     {
         LookingAt(start, 0.0, 0.0);
         ASSERT_TRUE(VtxUtilViewRotate3D(RotateAxis_Psi, RotateOriginLocation_DefinedOrigin, turn, 0, 0, 0));
@@ -83,8 +75,11 @@ TEST_F(ViewTest, AnglesAreReadInRadiansAndKeptWrapped)
     EXPECT_EQ(180.0, host::view().theta);
 }
 
-TEST_F(ViewTest, RotationOrbitsTheRotationOriginWithTheView)
+// About the rotation origin the viewer orbits with the view; about the viewer, or about a fixed axis, which
+// the host refuses, it stays where it is.
+TEST_F(ViewTest, RotationOrbitsTheRotationOriginOrLeavesTheViewerWhereItIs)
 {
+    const auto angles = [](const ViewState& v) { return Point{v.psi, v.theta, v.alpha}; };
     for (const RotateAxis_e axis : {RotateAxis_Psi, RotateAxis_Theta, RotateAxis_Alpha})
     {
         const ViewState before = LookingAt(40.0, 25.0, -15.0);
@@ -94,11 +89,9 @@ TEST_F(ViewTest, RotationOrbitsTheRotationOriginWithTheView)
         // The viewer still looks at the origin: it stays on the view axis through the origin.
         EXPECT_THAT(Viewer(after), Pointwise(DoubleNear(Tolerance), OnTheAxis(after, 10.0)))
             << "axis " << axis;
-        EXPECT_THAT(
-            (Point{after.psi, after.theta, after.alpha}),
-            Pointwise(DoubleNear(Tolerance), Point{before.psi + 33.0 * (axis == RotateAxis_Psi),
-                                                   before.theta + 33.0 * (axis == RotateAxis_Theta),
-                                                   before.alpha + 33.0 * (axis == RotateAxis_Alpha)}));
+        Point turned = angles(before);
+        turned[axis - RotateAxis_Psi] += 33.0;
+        EXPECT_THAT(angles(after), Pointwise(DoubleNear(Tolerance), turned));
         // Turning back returns the viewer to where it stood.
         ASSERT_TRUE(VtxUtilViewRotate3D(axis, RotateOriginLocation_DefinedOrigin, -33.0, 0, 0, 0));
         EXPECT_THAT(Viewer(host::view()), Pointwise(DoubleNear(Tolerance), Viewer(before)));
@@ -111,18 +104,13 @@ TEST_F(ViewTest, RotationOrbitsTheRotationOriginWithTheView)
     ASSERT_TRUE(VtxUtilViewRotate3D(RotateAxis_Theta, RotateOriginLocation_DefinedOrigin, 90.0, 0, 0, 0));
     EXPECT_THAT(Viewer(host::view()),
                 Pointwise(DoubleNear(Tolerance), Point{offAxis.originX, offAxis.originY + 3.0, offAxis.z}));
-}
 
-TEST_F(ViewTest, RotationAboutTheViewerOrRefusedAxesLeavesThePositionAlone)
-{
     const ViewState before = LookingAt(40.0, 25.0, -15.0);
     ASSERT_TRUE(VtxUtilViewRotate3D(RotateAxis_Theta, RotateOriginLocation_Viewer, 20.0, 0, 0, 0));
-    EXPECT_THAT(Viewer(host::view()), Pointwise(DoubleNear(Tolerance), Viewer(before)));
-    EXPECT_NEAR(45.0, host::view().theta, Tolerance);
-    const double theta = host::view().theta;
     for (const RotateAxis_e refused : {RotateAxis_X, RotateAxis_Y, RotateAxis_Z})
         EXPECT_FALSE(VtxUtilViewRotate3D(refused, RotateOriginLocation_DefinedOrigin, 20.0, 0, 0, 1));
-    EXPECT_EQ(std::make_pair(theta, before.psi), std::make_pair(host::view().theta, host::view().psi));
+    EXPECT_THAT(Viewer(host::view()), Pointwise(DoubleNear(Tolerance), Viewer(before)));
+    EXPECT_THAT(angles(host::view()), Pointwise(DoubleNear(Tolerance), Point{40.0, 45.0, -15.0}));
 }
 
 TEST_F(ViewTest, WidthWrittenInPerspectiveDolliesTheViewer)
@@ -133,23 +121,19 @@ TEST_F(ViewTest, WidthWrittenInPerspectiveDolliesTheViewer)
 
     // Orthographic: only the width changes.
     ASSERT_EQ(SetValueReturnCode_Ok, view.setValue(5.0, nullptr, -1, -1, width));
-    EXPECT_EQ(5.0, host::view().width);
-    EXPECT_EQ(Viewer(start), Viewer(host::view()));
+    EXPECT_EQ(std::make_pair(5.0, Viewer(start)), std::make_pair(host::view().width, Viewer(host::view())));
 
     // Perspective: the viewer moves along the view axis until the width at the origin's depth is 8.
-    ASSERT_EQ(
-        SetValueReturnCode_Ok,
-        view.setValue(TRUE, nullptr, -1, -1, view.initMacroIDsfromStyleValueNames("DrawInPerspective")));
+    host::setStyle({"ThreeDView", "DrawInPerspective"}, true);
     ASSERT_EQ(SetValueReturnCode_Ok, view.setValue(8.0, nullptr, -1, -1, width));
     const ViewState after = host::view();
     const double wantedDistance = 8.0 / (2.0 * std::tan(15.0 / DegreesPerRadian));
     EXPECT_THAT(Viewer(after), Pointwise(DoubleNear(Tolerance), OnTheAxis(after, wantedDistance)));
 
-    double fieldOfView = 0, readWidth = 0;
-    Boolean isPerspective = FALSE;
-    ASSERT_TRUE(VtxUtilThreeDViewGetProjection(&fieldOfView, &readWidth, &isPerspective));
-    EXPECT_EQ(std::make_tuple(30.0, 8.0, true),
-              std::make_tuple(fieldOfView, readWidth, isPerspective == TRUE));
+    double fov = 0, read = 0; // the field of view and the width
+    Boolean perspective = FALSE;
+    ASSERT_TRUE(VtxUtilThreeDViewGetProjection(&fov, &read, &perspective));
+    EXPECT_EQ(std::make_tuple(30.0, 8.0, true), std::make_tuple(fov, read, perspective == TRUE));
 }
 
 TEST_F(ViewTest, FramesThatAreNotThreeDimensionalHaveNoView)
