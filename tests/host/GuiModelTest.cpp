@@ -19,34 +19,30 @@ void NoValue(const int*) {}
 const auto AcceptText = [](const char*) { return int(TRUE); };
 const auto InitOfDialog = [] { initLog.push_back(VtxGUIDialogIsUp(initDialog) ? "up=yes" : "up=no"); };
 
-class GuiModelTest : public testsupport::HostTest
+const auto Dialog = [](const char* title = "Test", int width = 1000, int height = 800)
+{ return VtxGUIDialogCreateModeless(GuiId_MainWindow, width, height, title, nullptr, NoAction, nullptr); };
+
+// The selection through the SDK, with the host's array released.
+std::vector<int> Selected(int list)
 {
-protected:
-    static int Dialog(const char* title = "Test", int width = 1000, int height = 800)
-    {
-        return VtxGUIDialogCreateModeless(GuiId_MainWindow, width, height, title, nullptr, NoAction, nullptr);
-    }
+    int* positions = nullptr;
+    int count = -1;
+    VtxGUIListGetSelectedItems(list, &positions, &count);
+    std::vector<int> selected(positions, positions + count);
+    VtxUtilArrayDealloc(reinterpret_cast<void**>(&positions));
+    return selected;
+}
 
-    // The selection through the SDK, with the host's array released.
-    static std::vector<int> Selected(int list)
-    {
-        int* positions = nullptr;
-        int count = -1;
-        VtxGUIListGetSelectedItems(list, &positions, &count);
-        std::vector<int> selected(positions, positions + count);
-        VtxUtilArrayDealloc(reinterpret_cast<void**>(&positions));
-        return selected;
-    }
+// The entries, each after a '|'.
+std::string Items(int control)
+{
+    std::string items;
+    for (const std::string& item : host::guiElement(control).items)
+        items += "|" + item;
+    return items;
+}
 
-    // The entries, each after a '|'.
-    static std::string Items(int control)
-    {
-        std::string items;
-        for (const std::string& item : host::guiElement(control).items)
-            items += "|" + item;
-        return items;
-    }
-};
+using GuiModelTest = testsupport::HostTest;
 
 // Every kind of control, as the add-on builds them, shows in the dialogs' layout reference (the main dialog
 // tests); here what is set on them, and their places checked against their dialog's size.

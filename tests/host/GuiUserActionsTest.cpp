@@ -1,5 +1,6 @@
-// What the user does, where the add-on's dialog tests do not reach: a dialog's own buttons, a text field's
-// answer, what the user could not do refused, and the options add-ons put into the host's menus.
+// What the user does, where the add-on's dialog tests do not reach: a dialog's own buttons, a field without
+// a callback, a callback's exception, what the user could not do refused, and the options add-ons put into
+// the host's menus.
 #include "support/HostTest.h"
 #include "support/ThrownMessage.h"
 

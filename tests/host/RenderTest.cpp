@@ -1,6 +1,6 @@
 // Pictures of the page: the projection of a view, reference pictures of a simple scene, the
 // streamtrace markers and dashes, the frame axis, colours over time, regions of several frames, the
-// redraw hook and PNG files.
+// redraw hook with drawing suspended and PNG files.
 //
 // The reference pictures in tests/host/reference/ come from this renderer (checked by eye when they were
 // made). After a deliberate change of the picture, run the test program with

@@ -309,36 +309,26 @@ void Requeue(ArbParam_t clientData)
         VtxUtilOnIdleQueueAddCallback(Requeue, clientData + 1);
 }
 
-class OnIdleQueueTest : public testsupport::HostTest
+// One idle moment (or idle moments until the queue is empty, at most rounds of them), told as
+// "<calls run>: <what they did>; <calls still pending> pending".
+std::string Idle(int rounds = 0)
 {
-protected:
-    void SetUp() override
-    {
-        HostTest::SetUp();
-        // Calls an add-on module loaded earlier in this process may have queued are not this test's.
-        host::runOnIdleUntilEmpty();
-        ran.clear();
-        requeuesLeft = 0;
-    }
+    std::string told = std::to_string(rounds ? host::runOnIdleUntilEmpty(rounds) : host::runOnIdle()) + ":";
+    for (const std::string& call : ran)
+        told += " " + call;
+    ran.clear();
+    return told + "; " + std::to_string(host::pendingOnIdleCalls()) + " pending";
+}
 
-    // One idle moment (or idle moments until the queue is empty, at most rounds of them), told as
-    // "<calls run>: <what they did>; <calls still pending> pending".
-    static std::string Idle(int rounds = 0)
-    {
-        std::string told =
-            std::to_string(rounds ? host::runOnIdleUntilEmpty(rounds) : host::runOnIdle()) + ":";
-        for (const std::string& call : ran)
-            told += " " + call;
-        ran.clear();
-        return told + "; " + std::to_string(host::pendingOnIdleCalls()) + " pending";
-    }
-};
+using OnIdleQueueTest = testsupport::HostTest;
 
 // Queued calls run once each, in order, when the host is idle, even after a reset; a call may not run the
 // queue; one that throws is reported while the others still run; a call queued while the queue runs waits
 // for the next idle moment.
 TEST_F(OnIdleQueueTest, QueuedCallsRunOnceInOrderWhenTheHostIsIdleAndMacroCommandsAreIdleMoments)
 {
+    host::runOnIdleUntilEmpty(); // what modules loaded earlier in this process queued is not this test's
+    ran.clear();
     const long queuedBefore = host::callCount("VtxUtilOnIdleQueueAddCallback");
     for (const ArbParam_t data : {ArbParam_t(3), ArbParam_t(1), ArbParam_t(2), ArbParam_t(-7)})
         EXPECT_TRUE(VtxUtilOnIdleQueueAddCallback(Record, data));

@@ -96,8 +96,7 @@ TEST_F(HostEventPlumbingTest, ListenerForwardsChangesUnderTheLockFromStartToStop
 {
     std::vector<StateChange_e> heard;
     StateChangeListener listener(
-        [&](const vantix::toolbox::StateChangeEventInterface& event,
-            vantix::toolbox::StateChangeNotifierInterface&)
+        [&](const auto& event, auto& /*notifier*/)
         {
             EXPECT_EQ(1, lockDepth(AddOnID));
             heard.push_back(event.getStateChange());
