@@ -90,9 +90,6 @@ TEST_F(StateChangeTest, TheHostsOperationsRaiseTheirChanges)
     const auto displayLists = [](auto value) { return WriteStyle("Interface", "UseDisplayLists", value); };
     const auto rotate = [](RotateAxis_e axis)
     { VtxUtilViewRotate3D(axis, RotateOriginLocation_DefinedOrigin, 10.0, 0, 0, 0); };
-    // A failed macro raises nothing, which the expected changes catch.
-    const auto macro = [](const std::string& line) -> std::function<void()>
-    { return [=] { host::runMacroText(std::string(host::MacroHeader) + "\n" + line, "m"); }; };
     const StateChange_e created = StateChange_FrameCreated, top = StateChange_NewTopFrame,
                         deleted = StateChange_FrameDeleted, style = StateChange_Style,
                         view = StateChange_View3D, plot = StateChange_PlotTypeChanged,
@@ -121,7 +118,10 @@ TEST_F(StateChangeTest, TheHostsOperationsRaiseTheirChanges)
         {"a data set on an empty page", deleteFirst, load, {created, top, zones, loaded}},
         {"a zone disabled", load, [] { host::setZoneEnabled(1, false); }, {StateChange_ZoneActivation}},
         {"a zone left enabled", load, [] { host::setZoneEnabled(1, true); }, {}},
-        {"a macro rotation", nullptr, macro("$!ROTATE3DVIEW PSI = 10"), {view}},
+        // A failed macro raises nothing, which the expected changes catch.
+        {"a macro rotation", nullptr,
+         [] { host::runMacroText(std::string(host::MacroHeader) + "\n$!ROTATE3DVIEW PSI = 10", "m"); },
+         {view}},
         // clang-format on
     };
     for (const auto& [what, setUp, act, raised] : cases)
