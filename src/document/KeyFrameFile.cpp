@@ -2,6 +2,7 @@
 
 #include "core/CaseInsensitive.h"
 #include "core/Enumerations.h"
+#include "core/InputExcerpt.h"
 #include "core/KeyFrame.h"
 #include "core/KeyFrameError.h"
 #include "core/Settings.h"
@@ -11,7 +12,6 @@
 #include <boost/algorithm/string/trim.hpp>
 #include <vantix/toolbox/ReplacingFile.h>
 
-#include <cstdio>
 #include <fstream>
 #include <istream>
 #include <locale>
@@ -61,8 +61,6 @@ constexpr std::uint64_t ValuesPerTriple = 3;
 // The lines of a key frame file are short (the longest holds a name). A longer line is a damaged file or a
 // device that never ends, and reading stops there rather than holding it whole.
 constexpr std::size_t LongestLine = 64 * 1024;
-// How much of a line a message quotes.
-constexpr std::size_t LongestQuote = 120;
 
 bool IsLineSpace(char c)
 {
@@ -75,49 +73,6 @@ template <typename Stream>
 void UseFileLocale(Stream& stream)
 {
     stream.imbue(std::locale::classic());
-}
-
-std::string Shown(char c)
-{
-    switch (c)
-    {
-    case '\0':
-        return "\\0";
-    case '\t':
-        return "\\t";
-    case '\n':
-        return "\\n";
-    case '\r':
-        return "\\r";
-    }
-    const auto byte = static_cast<unsigned char>(c);
-    if (byte >= 0x20 && byte != 0x7f)
-        return std::string(1, c);
-    char escaped[5];
-    std::snprintf(escaped, sizeof escaped, "\\x%02x", byte);
-    return escaped;
-}
-
-// File text quoted in a message. Messages reach the user as C strings, in which a NUL byte from a damaged
-// file would cut off the rest of the message, line number included, so control bytes are shown escaped
-// (\0, \t, \n, \r, \xhh). A long text is cut, never inside a UTF-8 character, and followed by "..." and
-// its size.
-std::string Quoted(const std::string& text)
-{
-    std::string quoted;
-    std::string::size_type taken = 0;
-    for (; taken < text.size(); ++taken)
-    {
-        const std::string shown = Shown(text[taken]);
-        if (quoted.size() + shown.size() > LongestQuote)
-            break;
-        quoted += shown;
-    }
-    if (taken == text.size())
-        return quoted;
-    for (; taken > 0 && (static_cast<unsigned char>(text[taken]) & 0xc0) == 0x80; --taken)
-        quoted.pop_back();
-    return quoted + "... (" + std::to_string(text.size()) + " bytes)";
 }
 
 // One string stream serves all the entries of a section, so that reading costs no stream construction
@@ -265,7 +220,7 @@ void KeyFrameFile::readSection(std::istream& in, const std::string& line, Settin
 {
     Section_e section = Settings;
     if (!LookUp(line, section))
-        throwError("Unknown section header: " + Quoted(line), true);
+        throwError("Unknown section header: " + InputExcerpt(line), true);
     if (section == Settings)
     {
         readSettings(in, settings);
@@ -492,7 +447,7 @@ void KeyFrameFile::readValuesFromStream(std::istringstream& in, std::uint64_t ex
             in.clear();
             in.seekg(start);
             throwError("Error reading item from file.\nUnable to convert input to appropriate value: " +
-                           Quoted(NextWord(in)),
+                           InputExcerpt(NextWord(in)),
                        true);
         }
         read.push_back(value);

@@ -10,7 +10,7 @@
 #pragma once
 
 #include "core/EnumMap.h"
-#include "macro/InputExcerpt.h"
+#include "core/InputExcerpt.h"
 #include "platform/AddOnID.h"
 #include "platform/HostGuards.h"
 

@@ -1,4 +1,4 @@
-#include "macro/InputExcerpt.h"
+#include "core/InputExcerpt.h"
 
 #include <cstdio>
 
