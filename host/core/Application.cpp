@@ -47,7 +47,7 @@ void Application::reset()
 
 void Application::startSession()
 {
-    m_session = std::make_unique<Session>(m_statusObserver, m_cancelSignal);
+    m_session = std::make_unique<Session>(m_statusObserver, m_redrawObserver, m_cancelSignal);
     // A "ThreeDView" setting is part of the view; every other setting is style.
     m_session->style.setChangeObserver(
         [](const std::string& path)

@@ -53,6 +53,8 @@ public:
 
     // The program's progress display: told of every status event; kept across resets.
     void setStatusObserver(StatusLine::Observer observer) { m_statusObserver = std::move(observer); }
+    // The desktop's window: told of every redraw that draws; kept across resets.
+    void setRedrawObserver(Drawing::Observer observer) { m_redrawObserver = std::move(observer); }
     // Safe from a signal handler (Ctrl-C): the next percent check answers FALSE.
     void requestCancelFromSignal() { m_cancelSignal.store(true); }
     // Whether Ctrl-C came since the last time it was taken; between the commands of a macro no percent check
@@ -82,8 +84,9 @@ private:
     // Everything a reset puts back as it was when the host started.
     struct Session
     {
-        Session(const StatusLine::Observer& observer, std::atomic<bool>& cancelSignal)
-            : status(observer, cancelSignal)
+        Session(const StatusLine::Observer& observer, const Drawing::Observer& redrawObserver,
+                std::atomic<bool>& cancelSignal)
+            : drawing(redrawObserver), status(observer, cancelSignal)
         {
         }
 
@@ -108,6 +111,7 @@ private:
     bool m_wasReset = false;
     std::vector<void (*)(StyleTree&)> m_styleDefinitions;
     StatusLine::Observer m_statusObserver;
+    Drawing::Observer m_redrawObserver;
     // Outside the session: a signal handler may set it at any moment, so its place never changes.
     std::atomic<bool> m_cancelSignal{false};
 

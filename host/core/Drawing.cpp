@@ -28,11 +28,12 @@ bool Drawing::redraw(const Frame* active)
         return true;
     }
     ++m_redraws;
-    if (!m_drawer)
-        return true;
     try
     {
-        m_screenImage = m_drawer(*active);
+        if (m_drawer)
+            m_screenImage = m_drawer(*active);
+        if (m_observer)
+            m_observer();
     }
     catch (const std::exception& error)
     {

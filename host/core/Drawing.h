@@ -13,6 +13,11 @@ struct Frame;
 class Drawing
 {
 public:
+    using Observer = std::function<void()>;
+    // The observer, kept by the application across sessions, is called after every redraw that draws
+    // (after the frame drawer).
+    explicit Drawing(const Observer& observer) : m_observer(observer) {}
+
     // Draws a frame at its size on the screen; throws when it cannot.
     using FrameDrawer = std::function<Image(const Frame&)>;
 
@@ -36,6 +41,7 @@ private:
     int m_redraws = 0;
     int m_skippedRedraws = 0;
     FrameDrawer m_drawer;
+    const Observer& m_observer;
     Image m_screenImage;
 };
 

@@ -7,6 +7,7 @@
 
 #include <cctype>
 #include <stdexcept>
+#include <utility>
 
 namespace vantix::host
 {
@@ -146,6 +147,11 @@ std::size_t pendingScriptedAnswers()
     return Ui().prompts.pendingScripts();
 }
 
+void setUserPrompter(UserPrompter* prompter)
+{
+    Ui().prompts.setPrompter(prompter);
+}
+
 std::vector<HelpRequest> helpRequests()
 {
     return Ui().help.requests();
@@ -164,6 +170,11 @@ std::string helpFolder()
 void setHelpBrowserAllowed(bool allowed)
 {
     Ui().help.allowBrowser(allowed);
+}
+
+void setHelpViewer(HelpViewer viewer)
+{
+    Ui().help.setViewer(std::move(viewer));
 }
 
 long outstandingHostArrays()

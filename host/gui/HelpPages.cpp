@@ -38,7 +38,9 @@ bool HelpPages::show(const std::string& page, bool isURL)
         request.location = file.string();
         request.found = std::filesystem::is_regular_file(file, error);
     }
-    if (request.found && m_browserAllowed)
+    if (request.found && m_viewer)
+        request.opened = m_viewer(request);
+    else if (request.found && m_browserAllowed)
         request.opened = StartBrowser(request.location);
     if (!request.found)
         std::fprintf(stderr, "vantix: help: there is no help page %s in %s\n", page.c_str(),

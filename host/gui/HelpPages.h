@@ -7,6 +7,7 @@
 
 #include <filesystem>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace vantix::host::detail
@@ -26,12 +27,15 @@ public:
     void setFolder(std::filesystem::path folder) { m_folder = std::move(folder); }
     const std::filesystem::path& folder() const { return m_folder; }
     void allowBrowser(bool allowed) { m_browserAllowed = allowed; }
+    // Shows pages in place of a browser; a reset keeps it.
+    void setViewer(vantix::host::HelpViewer viewer) { m_viewer = std::move(viewer); }
     // The source tree's help folder, no browser, no requests: tests must never start a browser.
     void reset();
 
 private:
     std::filesystem::path m_folder;
     bool m_browserAllowed = true;
+    vantix::host::HelpViewer m_viewer;
     std::vector<HelpRequest> m_requests;
 };
 

@@ -43,13 +43,9 @@ bool Asks(MessageBoxType_e type)
     return type == MessageBoxType_Question || type == MessageBoxType_YesNo;
 }
 
-std::string Who(bool scripted)
+void Echo(const UserMessage& message, bool answered)
 {
-    return scripted ? "" : " (no one to answer)";
-}
-
-void Echo(const UserMessage& message)
-{
+    const char* const who = answered ? "" : " (no one to answer)";
     std::string line;
     switch (message.kind)
     {
@@ -63,7 +59,7 @@ void Echo(const UserMessage& message)
             const bool yesNo = message.boxType == MessageBoxType_YesNo;
             line += std::string("\n    answered ") +
                     (message.answer ? (yesNo ? "Yes" : "OK") : (yesNo ? "No" : "Cancel")) +
-                    Who(message.scripted);
+                    who;
         }
         break;
     case UserMessage::Kind::FileDialog:
@@ -71,7 +67,7 @@ void Echo(const UserMessage& message)
                std::string(message.fileOption == SelectFileOption_WriteFile ? "write" : "read") + ") for " +
                message.fileTypeName + " files " + message.filter + ", offering \"" + message.defaultFileName +
                "\": " +
-               (message.answer ? "chose \"" + message.fileName + "\"" : "cancelled" + Who(message.scripted));
+               (message.answer ? "chose \"" + message.fileName + "\"" : std::string("cancelled") + who);
         break;
     }
     std::fprintf(stderr, "vantix: %s\n", line.c_str());
@@ -81,7 +77,7 @@ void Echo(const UserMessage& message)
 
 void Prompts::record(UserMessage message)
 {
-    Echo(message);
+    Echo(message, message.scripted || m_prompter);
     m_log.push_back(std::move(message));
 }
 
@@ -90,6 +86,8 @@ void Prompts::errorMessage(std::string text)
     UserMessage message;
     message.kind = UserMessage::Kind::ErrorMessage;
     message.text = std::move(text);
+    if (m_prompter)
+        m_prompter->showMessage(message.text, MessageBoxType_Error);
     record(std::move(message));
 }
 
@@ -105,7 +103,11 @@ bool Prompts::messageBox(std::string text, MessageBoxType_e type)
         message.answer = message.scripted && m_answers.front();
         if (message.scripted)
             m_answers.pop_front();
+        else if (m_prompter)
+            message.answer = m_prompter->askQuestion(message.text, type);
     }
+    else if (m_prompter)
+        m_prompter->showMessage(message.text, type);
     const bool answer = message.answer;
     record(std::move(message));
     return answer;
@@ -127,6 +129,8 @@ std::optional<std::string> Prompts::fileName(SelectFileOption_e option, std::str
         chosen = std::move(m_fileNames.front());
         m_fileNames.pop_front();
     }
+    else if (m_prompter)
+        chosen = m_prompter->askFileName(option, message.fileTypeName, message.defaultFileName, message.filter);
     message.answer = chosen.has_value();
     message.fileName = chosen.value_or("");
     record(std::move(message));

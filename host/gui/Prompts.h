@@ -1,7 +1,8 @@
 // The messages, questions and file dialogs the host shows add-ons' users. Every one is logged for the tests
 // and written to standard error (the batch program's only display). Questions and file dialogs take their
-// answers from a script; with nothing scripted the host answers for the absent user with the choice that
-// changes nothing: No (or Cancel), and a cancel.
+// answers from a script; with nothing scripted the person at the desktop answers (a prompter), and without
+// one the host answers for the absent user with the choice that changes nothing: No (or Cancel), and a
+// cancel.
 #pragma once
 
 #include <vantix/host/Gui.h>
@@ -27,6 +28,9 @@ public:
     std::optional<std::string> fileName(SelectFileOption_e option, std::string fileTypeName,
                                         std::string defaultFileName, std::string filter);
 
+    // Null for none; a reset keeps it.
+    void setPrompter(vantix::host::UserPrompter* prompter) { m_prompter = prompter; }
+
     void scriptAnswer(bool yes) { m_answers.push_back(yes); }
     void scriptFileName(std::string name) { m_fileNames.emplace_back(std::move(name)); }
     void scriptFileCancel() { m_fileNames.emplace_back(); }
@@ -43,6 +47,7 @@ private:
     std::deque<bool> m_answers;
     std::deque<std::optional<std::string>> m_fileNames; // nothing: a cancel
     std::vector<UserMessage> m_log;
+    vantix::host::UserPrompter* m_prompter = nullptr;
 };
 
 } // namespace vantix::host::detail

@@ -7,6 +7,7 @@
 
 #include <cmath>
 #include <stdexcept>
+#include <utility>
 
 namespace vantix::host
 {
@@ -52,6 +53,11 @@ Image renderActiveFrame(int width, int height)
 void setRenderOnRedraw(bool on)
 {
     App().drawing().setFrameDrawer(on ? detail::Drawing::FrameDrawer(DrawOnRedraw) : nullptr);
+}
+
+void setRedrawObserver(std::function<void()> observer)
+{
+    App().setRedrawObserver(std::move(observer));
 }
 
 Image screenImage()

@@ -14,6 +14,8 @@
 #include <VtxUtil.h>
 
 #include <cstddef>
+#include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -167,6 +169,23 @@ void scriptFileCancel();
 // Scripted answers and file dialogs not used yet. A reset forgets them.
 std::size_t pendingScriptedAnswers();
 
+// The person at the desktop: shown every message and asked every question and file dialog that the script
+// does not answer. Without one (batch, tests) the host answers for the absent user as above.
+class UserPrompter
+{
+public:
+    virtual ~UserPrompter() = default;
+    // Error messages come as MessageBoxType_Error.
+    virtual void showMessage(const std::string& text, MessageBoxType_e type) = 0;
+    virtual bool askQuestion(const std::string& text, MessageBoxType_e type) = 0;
+    // The name chosen; nothing after a cancel.
+    virtual std::optional<std::string> askFileName(SelectFileOption_e option, const std::string& fileTypeName,
+                                                   const std::string& defaultFileName,
+                                                   const std::string& filter) = 0;
+};
+// Null for none. The prompter is the program's, so a reset keeps it.
+void setUserPrompter(UserPrompter* prompter);
+
 // ---- Help pages (VtxUtilHelp) --------------------------------------------------------------------------
 struct HelpRequest
 {
@@ -184,6 +203,10 @@ std::string helpFolder();
 // ($DISPLAY or $WAYLAND_DISPLAY); otherwise standard error tells where the page is. Allowed in a fresh
 // process; a reset forbids it, so that tests never start one.
 void setHelpBrowserAllowed(bool allowed);
+// The desktop's own help window: shown every page found and every address, in place of a browser. Answers
+// whether it showed it. Null for none; a reset keeps it.
+using HelpViewer = std::function<bool(const HelpRequest& request)>;
+void setHelpViewer(HelpViewer viewer);
 
 // ---- Host arrays ---------------------------------------------------------------------------------------
 // Arrays handed to add-ons (VtxGUIListGetSelectedItems) not yet released with VtxUtilArrayDealloc. After

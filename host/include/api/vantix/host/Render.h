@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -32,6 +33,10 @@ Image renderActiveFrame(int width, int height);
 // its size in screen pixels into the screen image. Off after reset; while off, a redraw is only counted.
 // Switching clears the screen image.
 void setRenderOnRedraw(bool on);
+// The desktop's window: called after every redraw that draws (after the screen image above, when on), on
+// the thread of the redraw, so that the window can show the frame before the add-on goes on. Null for
+// none; a reset keeps it.
+void setRedrawObserver(std::function<void()> observer);
 // What the last redraw drew; empty when none has drawn since the switch was turned on.
 Image screenImage();
 
