@@ -116,6 +116,8 @@ TEST_F(DialogWindowsTest, ClicksKeysAndMenuChoicesReachTheAddOnAndItsChangesShow
     ClickRow(KeyFrameList_MLST_D1, 0);
     EXPECT_THAT(guiElement(KeyFrameList_MLST_D1).selected, ElementsAre(1));
     EXPECT_TRUE(Shown(Apply_BTN_D1)->isEnabled());
+    EXPECT_EQ(dialog().keyFrameModel().dataList().at(0).name,
+              Shown<QLineEdit>(ViewName_TF_D1)->text().toStdString());
     Type(ViewName_TF_D1, "Wing");
     EXPECT_EQ("Wing", dialog().keyFrameModel().dataList().at(0).name);
     EXPECT_EQ(QString::fromStdString(guiElement(KeyFrameList_MLST_D1).items[0]), list->item(0)->text());
@@ -139,12 +141,15 @@ TEST_F(DialogWindowsTest, ClicksKeysAndMenuChoicesReachTheAddOnAndItsChangesShow
     QTest::mouseClick(options, Qt::LeftButton, {}, options->actionGeometry(fadeIn).center());
     EXPECT_TRUE(dialog().settings().fadeIn && fadeIn->isChecked());
 
-    // The add-on's own change, shown at the next sync.
+    // The add-on's own changes, shown at the next sync: its list emptied and greyed out, then a selection.
     pressButton(Clear_BTN_D1);
     runOnIdleUntilEmpty();
     m_windows.sync();
     EXPECT_EQ(QString::fromStdString(guiElement(KeyFrameList_MLST_D1).items.at(0)), list->item(0)->text());
     EXPECT_FALSE(list->isEnabled() || Shown(Clear_BTN_D1)->isEnabled());
+    ShowKeyFrames({5, 5}, {2});
+    m_windows.sync();
+    EXPECT_TRUE(list->isEnabled() && !list->item(0)->isSelected() && list->item(1)->isSelected());
 
     main->close(); // the close box
     EXPECT_FALSE(guiElement(Dialog1Manager).up || main->isVisible());
