@@ -21,6 +21,8 @@ ProgramOptions ParseCommandLine(const std::vector<std::string>& arguments)
             options.defaultAddOn = false;
         else if (argument == "--addon")
             options.addOns.push_back(value());
+        else if (argument == "--desktop")
+            options.desktop = true;
         else if (argument == "--record")
             options.recordPath = value();
         else if (argument.size() > 1 && argument[0] == '-')
@@ -30,16 +32,26 @@ ProgramOptions ParseCommandLine(const std::vector<std::string>& arguments)
         else
             options.macroPath = argument;
     }
+    if (options.desktop && options.macroPath.empty())
+        throw UsageError("--desktop needs a macro file to replay");
+    if (options.recordPath && (options.desktop || options.macroPath.empty()))
+        throw UsageError("--record goes with a macro replayed in batch; in the desktop, Scripting > Record "
+                         "Macro records");
     return options;
 }
 
 std::string HelpText(const std::string& defaultAddOnPath)
 {
-    return "Usage: vantix [options] MACRO\n"
+    return "Usage: vantix [options] [MACRO]\n"
+           "       vantix [options] --desktop MACRO\n"
            "\n"
-           "Replays the macro file MACRO in batch and exits. vantix is the Vantix host: it loads add-on\n"
-           "modules, then runs the macro's commands one after the other and stops at the first that fails.\n"
-           "The desktop front end does not exist yet, so a macro file must be given.\n"
+           "vantix is the Vantix host: it loads add-on modules, then either replays the macro file MACRO in\n"
+           "batch and exits (running its commands one after the other, stopping at the first that fails),\n"
+           "or, without MACRO, opens the desktop: a window with the host's menus, the page and its frames,\n"
+           "the add-ons' dialogs and options (Animate > Key Frame Animation...). In the desktop a drag "
+           "turns\n"
+           "the active frame's view, the wheel zooms, a drag with Shift or the middle button pans.\n"
+           "The desktop needs a display ($DISPLAY, or a Qt platform in $QT_QPA_PLATFORM).\n"
            "\n"
            "Options:\n"
            "  --addon PATH         also load the add-on module PATH (a shared library exporting\n"
@@ -48,6 +60,7 @@ std::string HelpText(const std::string& defaultAddOnPath)
            "                       first, from " +
            defaultAddOnPath +
            "\n"
+           "  --desktop            replay MACRO in the desktop and keep the desktop open\n"
            "  --record FILE        record a macro of what is replayed and write it to FILE at the end\n"
            "                       (also when a command fails: what ran until then; a macro that\n"
            "                       cannot be read leaves an earlier FILE as it was)\n"

@@ -15,7 +15,8 @@ struct ProgramOptions
     bool defaultAddOn = true;
     std::vector<std::string> addOns; // in the order given
     std::optional<std::string> recordPath;
-    std::string macroPath; // empty: none given
+    bool desktop = false;  // replay the macro in the desktop and stay open
+    std::string macroPath; // empty: none given, the desktop opens
 };
 
 // A command line the program cannot follow; the message is one line.
@@ -25,7 +26,8 @@ public:
     explicit UsageError(const std::string& message) : std::runtime_error(message) {}
 };
 
-// Throws UsageError for an unknown option, an option without its value, or more than one macro file.
+// Throws UsageError for an unknown option, an option without its value, more than one macro file, or
+// options that do not go together.
 ProgramOptions ParseCommandLine(const std::vector<std::string>& arguments);
 
 // The text of --help; defaultAddOnPath is the module loaded unless --no-default-addon is given.

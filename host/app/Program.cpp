@@ -3,6 +3,7 @@
 #include "app/CommandLine.h"
 #include "app/InterruptHandler.h"
 #include "app/ProgressDisplay.h"
+#include "desktop/Desktop.h"
 
 #include <vantix/host/Export.h>
 #include <vantix/host/Host.h>
@@ -127,15 +128,15 @@ int RunProgram(const std::vector<std::string>& arguments)
         std::fputs(HelpText(defaultAddOn).c_str(), stdout);
         return ExitSuccess;
     }
-    if (options.macroPath.empty())
-    {
-        Error("no macro file given; the desktop front end does not exist yet, so vantix only replays macro "
-              "files (see vantix --help)");
-        return ExitUsage;
-    }
+    const bool desktop = options.desktop || options.macroPath.empty();
+    if (desktop)
+        if (const std::string why = desktop::DesktopUnavailableReason(); !why.empty())
+        {
+            Error(why + " (see vantix --help)");
+            return ExitUsage;
+        }
 
     const InterruptHandler interrupts;
-    const StatusDisplayScope statusDisplay;
     // The page the user finds on starting the program: one empty 3D frame.
     addFrame(PlotType_Cartesian3D);
     try
@@ -150,6 +151,10 @@ int RunProgram(const std::vector<std::string>& arguments)
         Error(error.what());
         return ExitUsage;
     }
+
+    if (desktop)
+        return desktop::RunDesktop(options.macroPath);
+    const StatusDisplayScope statusDisplay;
 
     // Neither the recording nor an export may replace the macro while it is replayed.
     const vantix::toolbox::KeptFile macro(options.macroPath, "it is the macro being replayed");

@@ -5,8 +5,6 @@
 #include <vantix/host/Events.h>
 #include <vantix/host/Host.h>
 
-#include <cmath>
-#include <map>
 #include <stdexcept>
 
 namespace vantix::host
@@ -143,21 +141,6 @@ void setView(const ViewState& state)
     v.setAngle(detail::View3D::Axis::Theta, state.theta);
     v.setAngle(detail::View3D::Axis::Alpha, state.alpha);
     v.setRotationOrigin({state.originX, state.originY, state.originZ});
-    detail::RaiseStateChange(StateChange_View3D);
-}
-
-void rotateView(RotateAxis_e axis, double degrees)
-{
-    using Axis = detail::View3D::Axis;
-    const std::map<RotateAxis_e, Axis> axes = {
-        {RotateAxis_Psi, Axis::Psi}, {RotateAxis_Theta, Axis::Theta}, {RotateAxis_Alpha, Axis::Alpha}};
-    const auto found = axes.find(axis);
-    if (found == axes.end() || !std::isfinite(degrees))
-        throw std::invalid_argument("the view turns about Psi, Theta or Alpha by a finite angle");
-    detail::Frame* frame = App().page().active3DFrame();
-    if (!frame)
-        throw std::logic_error("there is no active 3D frame to turn");
-    frame->view.rotate(found->second, degrees, frame->view.rotationOrigin());
     detail::RaiseStateChange(StateChange_View3D);
 }
 

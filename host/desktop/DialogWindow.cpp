@@ -7,6 +7,7 @@
 
 #include <QCloseEvent>
 #include <QDialogButtonBox>
+#include <QKeyEvent>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -108,6 +109,14 @@ void DialogWindow::reject()
 {
     const bool cancels = std::count(m_shown.buttons.begin(), m_shown.buttons.end(), "Cancel") > 0;
     RunUserAction([id = m_id, cancels] { cancels ? pressCancel(id) : closeDialog(id); });
+}
+
+void DialogWindow::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        event->accept();
+    else
+        QDialog::keyPressEvent(event);
 }
 
 void DialogWindow::showButtons(const std::vector<std::string>& buttons)

@@ -33,6 +33,8 @@ public:
 protected:
     void closeEvent(QCloseEvent* event) override;
     void reject() override;
+    // Return and Enter confirm a field's text and nothing else: a dialog of the host has no default button.
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void showButtons(const std::vector<std::string>& buttons);

@@ -58,16 +58,15 @@ void Echo(const UserMessage& message, bool answered)
         {
             const bool yesNo = message.boxType == MessageBoxType_YesNo;
             line += std::string("\n    answered ") +
-                    (message.answer ? (yesNo ? "Yes" : "OK") : (yesNo ? "No" : "Cancel")) +
-                    who;
+                    (message.answer ? (yesNo ? "Yes" : "OK") : (yesNo ? "No" : "Cancel")) + who;
         }
         break;
     case UserMessage::Kind::FileDialog:
-        line = "file dialog (" +
-               std::string(message.fileOption == SelectFileOption_WriteFile ? "write" : "read") + ") for " +
-               message.fileTypeName + " files " + message.filter + ", offering \"" + message.defaultFileName +
-               "\": " +
-               (message.answer ? "chose \"" + message.fileName + "\"" : std::string("cancelled") + who);
+        line =
+            "file dialog (" +
+            std::string(message.fileOption == SelectFileOption_WriteFile ? "write" : "read") + ") for " +
+            message.fileTypeName + " files " + message.filter + ", offering \"" + message.defaultFileName +
+            "\": " + (message.answer ? "chose \"" + message.fileName + "\"" : std::string("cancelled") + who);
         break;
     }
     std::fprintf(stderr, "vantix: %s\n", line.c_str());
@@ -130,7 +129,8 @@ std::optional<std::string> Prompts::fileName(SelectFileOption_e option, std::str
         m_fileNames.pop_front();
     }
     else if (m_prompter)
-        chosen = m_prompter->askFileName(option, message.fileTypeName, message.defaultFileName, message.filter);
+        chosen =
+            m_prompter->askFileName(option, message.fileTypeName, message.defaultFileName, message.filter);
     message.answer = chosen.has_value();
     message.fileName = chosen.value_or("");
     record(std::move(message));

@@ -55,6 +55,8 @@ protected:
         {
             dup2(out, STDOUT_FILENO);
             dup2(err[1], STDERR_FILENO);
+            for (const char* display : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+                unsetenv(display); // without a macro the program would open its desktop
             execv(argv[0], argv.data());
             _exit(127);
         }
@@ -108,8 +110,8 @@ TEST_F(ProgramTest, HelpDocumentsEveryOption)
     EXPECT_EQ(std::make_pair(0, std::string()), std::make_pair(outcome.exitStatus, outcome.err));
     // The default module is the key frame module beside the program.
     for (const std::string text :
-         {"Usage: vantix [options] MACRO", "--addon PATH", "--no-default-addon", "--record FILE", "--help",
-          "Ctrl-C", "Exit status", "desktop front end does not exist yet", KEYFRAME_MODULE_PATH})
+         {"Usage: vantix [options] [MACRO]", "--desktop MACRO", "--addon PATH", "--no-default-addon",
+          "--record FILE", "--help", "Ctrl-C", "Exit status", "opens the desktop", KEYFRAME_MODULE_PATH})
         EXPECT_THAT(outcome.out, HasSubstr(fs::path(text).lexically_normal().string()));
 }
 
@@ -149,8 +151,11 @@ TEST_F(ProgramTest, EachRunEndsWithItsExitStatusAndWhatItWrote)
     // clang-format off
     const Case cases[] = {
         // Bad usage, and files that cannot be read or written: one line on standard error and status 2.
-        {{}, 2, "vantix: no macro file given; the desktop front end does not exist yet, so vantix only "
-                "replays macro files" + see},
+        {{}, 2, "vantix: there is no display to open the desktop on (DISPLAY is not set); give a macro file "
+                "to replay it in batch" + see},
+        {{"--desktop"}, 2, "vantix: --desktop needs a macro file to replay" + see},
+        {{"--record", "r.mcr"}, 2, "vantix: --record goes with a macro replayed in batch; in the desktop, "
+                                   "Scripting > Record Macro records" + see},
         {{"--frobnicate", "a.mcr"}, 2, "vantix: unknown option --frobnicate" + see},
         {{"-x", "a.mcr"}, 2, "vantix: unknown option -x" + see},
         {{"a.mcr", "--addon"}, 2, "vantix: option --addon needs a value" + see},

@@ -65,10 +65,6 @@ struct ViewState
 ViewState view();
 // Sets the whole view at once, angles wrapped into (-180, 180], with no dolly and no orbit.
 void setView(const ViewState& view);
-// Turns the view about one of its angles (RotateAxis_Psi, _Theta, _Alpha), the viewer orbiting the rotation
-// origin: the host's own rotation, as the mouse turns the view in the desktop. Throws std::invalid_argument
-// for another axis or an angle that is not finite, std::logic_error without an active 3D frame.
-void rotateView(RotateAxis_e axis, double degrees);
 // The model-to-eye rotation of the active frame's view, row-major: rows are the eye's x (right), y (up)
 // and z (towards the viewer) axes in model coordinates.
 std::vector<double> viewMatrix();
