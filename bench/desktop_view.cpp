@@ -14,7 +14,9 @@
 #include <QApplication>
 #include <QDialog>
 #include <QElapsedTimer>
+#include <QMessageBox>
 #include <QTest>
+#include <QTimer>
 
 #include <benchmark/benchmark.h>
 
@@ -92,24 +94,40 @@ void KeyPressToFirstAnimatedFrame(benchmark::State& state)
                 vantix::host::pressButton(AppendKeyFrame_BTN_D1);
             });
     QDialog* dialog = window->dialogs().window(Dialog1Manager);
-    dialog->activateWindow();
-    if (!QTest::qWaitForWindowActive(dialog))
-        throw std::runtime_error("the key frame dialog did not become active");
     QElapsedTimer pressed;
     double firstFrame = -1.0;
+    int redraws = 0;
     window->page().setPictureShownObserver(
         [&]
         {
-            if (firstFrame >= 0.0)
+            // The first picture of the animation itself: the add-on computes its views before it draws.
+            if (firstFrame >= 0.0 || vantix::host::redrawCount() == redraws)
                 return;
             firstFrame = static_cast<double>(pressed.nsecsElapsed()) * 1e-9;
             vantix::host::requestCancel();
         });
+    // The add-on tells of the cancel in a message box: a person would close it.
+    QTimer closer;
+    QObject::connect(&closer, &QTimer::timeout,
+                     []
+                     {
+                         if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
+                             box->accept();
+                     });
+    closer.start(10);
     for (auto _ : state)
     {
+        // The mnemonic is looked up in the active window: the dialog, as after a click into it (the
+        // message box of the last cancel had taken it).
+        QApplication::setActiveWindow(dialog);
+        if (!QTest::qWaitForWindowActive(dialog))
+            throw std::runtime_error("the key frame dialog did not become active");
         firstFrame = -1.0;
+        redraws = vantix::host::redrawCount();
         pressed.start();
         QTest::keyClick(dialog, Qt::Key_N, Qt::AltModifier);
+        if (firstFrame < 0.0) // a button that presses itself later
+            (void)QTest::qWaitFor([&] { return firstFrame >= 0.0; }, 3000);
         if (firstFrame < 0.0)
         {
             state.SkipWithError("the key press showed no frame");
@@ -124,7 +142,7 @@ void KeyPressToFirstAnimatedFrame(benchmark::State& state)
 
 } // namespace
 
-BENCHMARK(TurnTheViewWithTheMouse)->Unit(benchmark::kMillisecond)->MinTime(3.0);
+BENCHMARK(TurnTheViewWithTheMouse)->Unit(benchmark::kMillisecond)->MinTime(3.0)->UseRealTime();
 BENCHMARK(KeyPressToFirstAnimatedFrame)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(10);
 
 int main(int argc, char** argv)

@@ -8,6 +8,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QShortcutEvent>
 #include <QSignalBlocker>
 
 namespace vantix::host::desktop
@@ -15,6 +16,24 @@ namespace vantix::host::desktop
 
 namespace
 {
+
+// A button whose mnemonic presses it at once. Qt's own shows the button held down for a tenth of a second
+// first, which only delays the work the key asks for: an animation's first frame came that much later.
+class PromptButton : public QPushButton
+{
+public:
+    using QPushButton::QPushButton;
+
+protected:
+    bool event(QEvent* event) override
+    {
+        if (event->type() != QEvent::Shortcut || static_cast<QShortcutEvent*>(event)->isAmbiguous())
+            return QPushButton::event(event);
+        setFocus(Qt::ShortcutFocusReason);
+        click();
+        return true;
+    }
+};
 
 class ButtonControl : public ControlWidget
 {
@@ -129,7 +148,7 @@ std::unique_ptr<ControlWidget> ControlWidget::Make(const GuiElement& control, QW
     switch (control.kind)
     {
     case GuiKind::Button:
-        return std::make_unique<ButtonControl>(control, new QPushButton(area));
+        return std::make_unique<ButtonControl>(control, new PromptButton(area));
     case GuiKind::TextField:
         return MakeTextField(control, area);
     case GuiKind::SpinTextField:

@@ -197,8 +197,10 @@ void MainWindow::refresh()
     syncAddOnOptions();
     m_stopRecording->setEnabled(m_recording.recording());
     m_dialogs.sync();
-    // While drawing is suspended the add-on works on views nobody is to see.
-    if (drawSuspensionDepth() > 0)
+    // During an action the page shows what the add-on redraws and nothing else: it sets views it does not
+    // mean anybody to see (an animation computes all its views before it draws the first). What changed
+    // without a redraw shows when the action is over, unless drawing is suspended then.
+    if (UserActionRunning() || drawSuspensionDepth() > 0)
         return;
     if (!raisedStateChanges().empty() || redrawCount() != m_redrawsSeen)
     {

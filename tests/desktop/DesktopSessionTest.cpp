@@ -24,10 +24,13 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
+#include <QTextBrowser>
 #include <QTimer>
 
 #include <functional>
+#include <optional>
 #include <set>
+#include <tuple>
 
 using namespace vantix::host;
 using vantix::host::desktop::MainWindow;
@@ -243,6 +246,48 @@ TEST_F(DesktopSessionTest, CapturesViewsEditsThemAnimatesOnScreenCancelsAndWrite
     const RasterMetafileContents written = readRasterMetafile(movie);
     EXPECT_EQ(41u, written.frames.size());
     EXPECT_EQ(96, written.width);
+
+    // Help opens the add-on's page in the desktop's help window, whose links lead to the other pages.
+    QTest::mouseClick(Labelled<QPushButton>(m_window->dialogs().window(Dialog1Manager), "Help"),
+                      Qt::LeftButton);
+    QTextBrowser* help = m_window->help().browser();
+    ASSERT_TRUE(m_window->help().isVisible() && helpRequests().back().opened);
+    EXPECT_EQ("key_frame_animation.html", help->source().fileName().toStdString());
+    help->setSource(help->source().resolved(QUrl("export_options.html")));
+    EXPECT_THAT(help->toPlainText().toStdString(), ::testing::HasSubstr("Export Options"));
+}
+
+// The menus' own file commands: a recording of a desktop session replays it, and a picture is written.
+TEST_F(DesktopSessionTest, RecordsASessionThatReplaysAndExportsThePicture)
+{
+    const std::string macro = (m_folder.path() / "session.mcr").string(),
+                      picture = (m_folder.path() / "view.png").string();
+    std::vector<std::string> answers = {macro, picture, macro};
+    m_window->setFileChooser(
+        [&](bool, const std::string&, const std::string&)
+        {
+            const std::string answer = answers.front();
+            answers.erase(answers.begin());
+            return std::optional<std::string>(answer);
+        });
+    ChooseMenu("Scripting", "Record Macro...");
+    ChooseMenu("File", "Load Demo Data Set");
+    Drag({30, -20});
+    QWheelEvent wheel(QPointF(50, 50), m_window->page().mapToGlobal(QPointF(50, 50)), {}, {0, 240},
+                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&m_window->page(), &wheel);
+    const ViewState turned = vantix::host::view();
+    ChooseMenu("Scripting", "Stop Recording");
+    ChooseMenu("File", "Export Picture...");
+    EXPECT_EQ(1050, readPng(picture).width) << "the frame at its size on the screen";
+
+    reset();
+    addFrame();
+    ChooseMenu("Scripting", "Play Macro...");
+    const ViewState replayed = vantix::host::view();
+    EXPECT_TRUE(hasDataSet());
+    EXPECT_EQ(std::make_tuple(turned.psi, turned.theta, turned.width),
+              std::make_tuple(replayed.psi, replayed.theta, replayed.width));
 }
 
 } // namespace
