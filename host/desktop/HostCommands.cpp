@@ -4,56 +4,16 @@
 #include <vantix/host/Macro.h>
 
 #include <array>
-#include <cstdio>
 #include <stdexcept>
 
 namespace vantix::host::desktop
 {
-
-namespace
-{
-
-// Every digit, so that a recorded line replays the very same view.
-std::string Number(double value)
-{
-    char text[32];
-    std::snprintf(text, sizeof text, "%.17g", value);
-    return text;
-}
-
-} // namespace
 
 void RunHostCommand(const std::string& line)
 {
     const MacroResult result = runMacroText(std::string(MacroHeader) + "\n" + line + "\n", "desktop");
     if (!result.ok())
         throw std::runtime_error(result.message);
-}
-
-std::string QuotedMacroText(const std::string& text)
-{
-    std::string quoted = "\"";
-    for (const char c : text)
-    {
-        switch (c)
-        {
-        case '\\':
-            quoted += "\\\\";
-            break;
-        case '"':
-            quoted += "\\\"";
-            break;
-        case '\n':
-            quoted += "\\n";
-            break;
-        case '\r':
-            quoted += "\\r";
-            break;
-        default:
-            quoted += c;
-        }
-    }
-    return quoted + "\"";
 }
 
 void LoadDemoData()
@@ -63,20 +23,20 @@ void LoadDemoData()
 
 void LoadMeshFile(const std::string& path)
 {
-    RunHostCommand("$!LOADDATA FILE = " + QuotedMacroText(path));
+    RunHostCommand("$!LOADDATA FILE = " + quotedMacroText(path));
 }
 
 void TurnView(double psiDegrees, double thetaDegrees)
 {
     if (thetaDegrees != 0.0)
-        RunHostCommand("$!ROTATE3DVIEW THETA = " + Number(thetaDegrees));
+        RunHostCommand("$!ROTATE3DVIEW THETA = " + macroNumber(thetaDegrees));
     if (psiDegrees != 0.0)
-        RunHostCommand("$!ROTATE3DVIEW PSI = " + Number(psiDegrees));
+        RunHostCommand("$!ROTATE3DVIEW PSI = " + macroNumber(psiDegrees));
 }
 
 void SetViewWidth(double width)
 {
-    RunHostCommand("$!SETSTYLEVALUE ThreeDView ViewWidth = " + Number(width));
+    RunHostCommand("$!SETSTYLEVALUE ThreeDView ViewWidth = " + macroNumber(width));
 }
 
 void PanView(double right, double up)
@@ -89,7 +49,7 @@ void PanView(double right, double up)
     const char* const axes[] = {"X", "Y", "Z"};
     for (int i = 0; i < 3; ++i)
         RunHostCommand(std::string("$!SETSTYLEVALUE ThreeDView ViewerPosition ") + axes[i] + " = " +
-                       Number(position[i]));
+                       macroNumber(position[i]));
 }
 
 } // namespace vantix::host::desktop

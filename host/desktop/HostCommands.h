@@ -11,9 +11,6 @@ namespace vantix::host::desktop
 // Throws std::runtime_error with the host's one-line message when the line fails.
 void RunHostCommand(const std::string& line);
 
-// A text as the macro language quotes it: in double quotes, with \\, \" and line breaks escaped.
-std::string QuotedMacroText(const std::string& text);
-
 void LoadDemoData();
 void LoadMeshFile(const std::string& path);
 // The viewer orbits the rotation origin: psi tilts the view, theta turns it about the vertical axis.

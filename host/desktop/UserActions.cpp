@@ -116,21 +116,25 @@ public:
     ~ActionScope() { --Gate().depth; }
 };
 
+// Runs work that calls into the host with the host busy, telling what it refused.
+void RunBusy(const std::function<void()>& work)
+{
+    const ActionScope scope;
+    try
+    {
+        work();
+    }
+    catch (const std::exception& error)
+    {
+        Report(error.what());
+    }
+}
+
 } // namespace
 
 void RunUserAction(const std::function<void()>& action)
 {
-    {
-        const ActionScope scope;
-        try
-        {
-            action();
-        }
-        catch (const std::exception& error)
-        {
-            Report(error.what());
-        }
-    }
+    RunBusy(action);
     HostIsIdle();
 }
 
@@ -171,18 +175,8 @@ void HostIsIdle()
 {
     if (UserActionRunning())
         return;
-    {
-        // The queued calls go into add-ons: the host is busy meanwhile.
-        const ActionScope scope;
-        try
-        {
-            runOnIdleUntilEmpty();
-        }
-        catch (const std::exception& error)
-        {
-            Report(error.what());
-        }
-    }
+    // The queued calls go into add-ons: the host is busy meanwhile.
+    RunBusy([] { runOnIdleUntilEmpty(); });
     Refresh();
 }
 

@@ -3,6 +3,7 @@
 #include "macro/AddOnModules.h"
 #include "macro/MacroLineSource.h"
 #include "macro/MacroRunner.h"
+#include "macro/MacroText.h"
 
 #include <vantix/host/Macro.h>
 #include <vantix/toolbox/ReplacingFile.h>
@@ -48,6 +49,16 @@ MacroResult runMacroText(const std::string& text, const std::string& name, const
 {
     detail::TextMacroLines lines(text);
     return detail::MacroRunner(name, folder).run(lines);
+}
+
+std::string quotedMacroText(const std::string& text)
+{
+    return detail::QuoteMacroText(text, '"');
+}
+
+std::string macroNumber(double value)
+{
+    return detail::FormatMacroNumber(value);
 }
 
 std::string recordedMacroText()

@@ -39,6 +39,11 @@ MacroResult runMacroFile(const std::string& path);
 // from folder.
 MacroResult runMacroText(const std::string& text, const std::string& name, const std::string& folder = ".");
 
+// Pieces of macro lines, for a program that writes its own: a text in double quotes, escaped so that it
+// reads back the same, and the shortest decimal that reads back as exactly the same number.
+std::string quotedMacroText(const std::string& text);
+std::string macroNumber(double value);
+
 // The recorded macro (Host.h: setMacroRecording, recordedMacroLines) as the text of a macro file.
 // Throws std::runtime_error when a recorded line holds a line break, which no macro file can carry.
 std::string recordedMacroText();
