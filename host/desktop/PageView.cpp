@@ -124,7 +124,7 @@ void PageView::paintEvent(QPaintEvent*)
     if (!m_picture.isNull())
         painter.drawImage(paper.topLeft(), m_picture);
     const QRect active = activeFrameRect();
-    if (!active.isEmpty() && frameStack().size() > 1)
+    if (!active.isEmpty())
     {
         painter.setPen(QPen(ActiveMark, 2));
         painter.drawRect(active.adjusted(1, 1, -1, -1));
