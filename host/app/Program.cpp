@@ -92,10 +92,9 @@ int Concluded(const std::string& macroPath, const MacroResult& result,
     int status = ExitSuccess;
     if (!result.ok())
         status = result.status == MacroResult::Status::Failed ? ExitCommandFailed : ExitUsage;
-    if (const std::string abandoned = abandonOpenExport(); !abandoned.empty() && result.ok() && !signal)
+    if (const std::string left = abandonExportLeftOpenBy(macroPath); !left.empty() && result.ok() && !signal)
     {
-        Error(macroPath + ": the macro ended with the export to " + abandoned +
-              " still open ($!EXPORTFINISH missing); it was not written");
+        Error(left);
         status = ExitCommandFailed;
     }
     if (!result.ok() && !signal)

@@ -132,12 +132,11 @@ void MainWindow::playMacro(const std::string& path)
         {
             const vantix::toolbox::KeptFile macro(path, "it is the macro being replayed");
             const MacroResult result = runMacroFile(path);
-            const std::string abandoned = abandonOpenExport();
+            const std::string left = abandonExportLeftOpenBy(path);
             if (!result.ok())
                 throw std::runtime_error(result.message);
-            if (!abandoned.empty())
-                throw std::runtime_error(path + ": the macro ended with the export to " + abandoned +
-                                         " still open ($!EXPORTFINISH missing); it was not written");
+            if (!left.empty())
+                throw std::runtime_error(left);
             statusBar()->showMessage(QString::fromStdString("Replayed " + path), 5000);
         });
 }

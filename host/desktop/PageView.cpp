@@ -29,12 +29,6 @@ constexpr double ZoomPerNotch = 1.1;
 const QColor Desk(96, 96, 104);
 const QColor ActiveMark(40, 110, 230);
 
-bool Has3DFrame()
-{
-    const UniqueID_t active = activeFrame();
-    return active != 0 && hasDataSet();
-}
-
 // The mouse on a frame whose view does not turn (a 2D plot) does nothing: there is nothing to tell.
 void OnView(const std::function<void()>& change)
 {
@@ -162,7 +156,7 @@ void PageView::mousePressEvent(QMouseEvent* event)
 {
     activateFrameAt(event->position().toPoint());
     m_dragFrom = event->position().toPoint();
-    m_dragging = Has3DFrame();
+    m_dragging = hasDataSet();
     m_panning = event->button() == Qt::MiddleButton || (event->modifiers() & Qt::ShiftModifier);
 }
 
@@ -194,7 +188,7 @@ void PageView::mouseReleaseEvent(QMouseEvent*)
 void PageView::wheelEvent(QWheelEvent* event)
 {
     const double notches = event->angleDelta().y() / 120.0;
-    if (notches == 0.0 || !Has3DFrame())
+    if (notches == 0.0 || !hasDataSet())
         return;
     OnView([&] { SetViewWidth(view().width * std::pow(ZoomPerNotch, -notches)); });
     pageChanged();

@@ -48,6 +48,15 @@ std::string abandonOpenExport()
     return detail::CancelExport();
 }
 
+std::string abandonExportLeftOpenBy(const std::string& macroPath)
+{
+    const std::string abandoned = abandonOpenExport();
+    if (abandoned.empty())
+        return {};
+    return macroPath + ": the macro ended with the export to " + abandoned +
+           " still open ($!EXPORTFINISH missing); it was not written";
+}
+
 RasterMetafileContents readRasterMetafile(const std::string& path)
 {
     detail::RasterMetafile file = detail::ReadRasterMetafile(path);

@@ -28,6 +28,9 @@ std::string lastExportError();
 // Abandons an export that is still open, for a replay that ended without finishing it: the earlier file at
 // its path stays as it was. Returns the export's file name, or "" when no export was open.
 std::string abandonOpenExport();
+// The same after replaying a macro, said in one line: "<macroPath>: the macro ended with the export to <file>
+// still open ($!EXPORTFINISH missing); it was not written", or "" when no export was open.
+std::string abandonExportLeftOpenBy(const std::string& macroPath);
 
 // The contents of a raster metafile, the host's own lossless movie file: every frame as RGB bytes, rows
 // from the top down. Throws std::runtime_error for a file that is not one or is damaged.
