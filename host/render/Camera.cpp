@@ -77,6 +77,7 @@ Camera MakeCamera(const View3D& view, double aspect, const Bounds& scene)
         projection[15] = 1.0;
     }
 
+    camera.projectionScale = {static_cast<float>(projection[0]), static_cast<float>(projection[5])};
     for (int column = 0; column < 4; ++column)
         for (int row = 0; row < 4; ++row)
         {

@@ -16,6 +16,8 @@ struct Camera
     Matrix4 modelToEye{};  // rotation M and the viewer at the eye's origin
     Matrix4 modelToClip{}; // the projection after modelToEye
     Matrix3 rotation{};    // M, row-major
+    // The projection's scales of eye-space x and y (its first two diagonal elements).
+    std::array<float, 2> projectionScale{};
     bool perspective = false;
 };
 

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string>
 
 namespace vantix::host::detail
 {
@@ -25,48 +26,52 @@ constexpr float StreamtraceLine[3] = {0.10f, 0.12f, 0.17f};
 constexpr float MarkerFill[3] = {1.0f, 0.84f, 0.05f};
 constexpr float MarkerOutline[3] = {0.08f, 0.08f, 0.08f};
 constexpr float AxisColours[3][3] = {{0.85f, 0.12f, 0.10f}, {0.10f, 0.58f, 0.12f}, {0.12f, 0.25f, 0.90f}};
-// The light comes from over the viewer's left shoulder, and moves with the viewer.
-constexpr float LightDirection[3] = {-0.36f, 0.46f, 0.81f};
 
-// Lit and coloured per pixel: software rasterising runs the vertex shader for every index of every
-// triangle, so the vertex shader does only what it must.
-const char* const SurfaceVertexShader = R"(#version 330 core
+// Lit and coloured per pixel. Software rasterising sets up and interpolates every varying of every
+// triangle, which for meshes of small triangles costs more than the shading itself: the surface passes
+// one vec4 (the eye-space normal and the colour map fraction, which is linear in the scalar and so may be
+// interpolated in its place), and in perspective the fragment shader finds the direction to the viewer
+// from the pixel's position instead of an interpolated eye-space position. It is built in a variant for
+// each projection and for coloured and plain surfaces, since the rasteriser computes both sides of a choice.
+const char* const SurfaceVertexShader = R"(
 layout(location = 0) in vec3 position;
 layout(location = 1) in vec3 normal;
 layout(location = 2) in float scalar;
 uniform mat4 modelToClip;
 uniform mat4 modelToEye;
-out vec3 eyePosition;
-out vec3 eyeNormal;
-out float value;
+uniform vec2 scalarRange; // the lowest value and 1 / (highest - lowest)
+out vec4 shading;
 void main()
 {
     gl_Position = modelToClip * vec4(position, 1.0);
-    eyePosition = (modelToEye * vec4(position, 1.0)).xyz;
-    eyeNormal = mat3(modelToEye) * normal;
-    value = scalar;
+    shading = vec4(mat3(modelToEye) * normal, (scalar - scalarRange.x) * scalarRange.y);
 }
 )";
 
-const char* const SurfaceFragmentShader = R"(#version 330 core
-in vec3 eyePosition;
-in vec3 eyeNormal;
-in float value;
+const char* const SurfaceFragmentShader = R"(
+in vec4 shading;
 uniform sampler1D colormap;
-uniform int coloured;
 uniform vec3 plainColour;
-uniform vec2 scalarRange; // the lowest value and 1 / (highest - lowest)
-uniform int perspective;
+uniform vec4 pixelToViewer; // in perspective, (x, y) of the eye-space direction to the viewer at a pixel
 uniform float ambient;
 uniform float diffuse;
-uniform vec3 lightDirection;
+// The light comes from over the viewer's left shoulder, and moves with the viewer.
+const vec3 lightDirection = vec3(-0.36, 0.46, 0.81);
 out vec4 colour;
 void main()
 {
-    float fraction = clamp((value - scalarRange.x) * scalarRange.y, 0.0, 1.0);
-    vec3 base = coloured != 0 ? texture(colormap, (0.5 + fraction * 255.0) / 256.0).rgb : plainColour;
-    vec3 toViewer = perspective != 0 ? normalize(-eyePosition) : vec3(0.0, 0.0, 1.0);
-    vec3 n = normalize(eyeNormal);
+#ifdef COLOURED
+    float fraction = clamp(shading.w, 0.0, 1.0);
+    vec3 base = texture(colormap, (0.5 + fraction * 255.0) / 256.0).rgb;
+#else
+    vec3 base = plainColour;
+#endif
+#ifdef PERSPECTIVE
+    vec3 toViewer = normalize(vec3(gl_FragCoord.xy * pixelToViewer.xy + pixelToViewer.zw, 1.0));
+#else
+    const vec3 toViewer = vec3(0.0, 0.0, 1.0);
+#endif
+    vec3 n = normalize(shading.xyz);
     if (dot(n, toViewer) < 0.0)
         n = -n; // both sides of a surface are lit alike
     float lambert = max(dot(n, lightDirection), 0.0);
@@ -77,6 +82,17 @@ void main()
     colour = vec4(base * (ambient + diffuse * lambert) + vec3(diffuse * shine), 1.0);
 }
 )";
+
+ShaderProgram SurfaceProgram(bool perspective, bool coloured)
+{
+    std::string defines = "#version 330 core\n";
+    if (perspective)
+        defines += "#define PERSPECTIVE\n";
+    if (coloured)
+        defines += "#define COLOURED\n";
+    return ShaderProgram("surface", (defines + SurfaceVertexShader).c_str(),
+                         (defines + SurfaceFragmentShader).c_str());
+}
 
 const char* const LineVertexShader = R"(#version 330 core
 layout(location = 0) in vec3 position;
@@ -184,12 +200,14 @@ struct FrameRenderer::Context
     const DataSet& dataSet;
     const SceneStyle& style;
     Camera camera;
+    PixelRect rect;
     double sizeScale;
     float light; // for what the light source does not shade
 };
 
 FrameRenderer::FrameRenderer()
-    : m_surfaceProgram("surface", SurfaceVertexShader, SurfaceFragmentShader),
+    : m_surfacePrograms{SurfaceProgram(false, false), SurfaceProgram(false, true),
+                        SurfaceProgram(true, false), SurfaceProgram(true, true)},
       m_lineProgram("line", LineVertexShader, LineFragmentShader),
       m_markerProgram("marker", MarkerVertexShader, MarkerFragmentShader),
       m_backgroundProgram("background", BackgroundVertexShader, BackgroundFragmentShader)
@@ -225,8 +243,12 @@ void FrameRenderer::draw(const Frame& frame, const SceneStyle& style, const Pixe
 
     const DataSet& dataSet = *frame.dataSet;
     const Context context{
-        dataSet, style, MakeCamera(frame.view, static_cast<double>(rect.width) / rect.height, dataSet.bounds),
-        sizeScale, light};
+        dataSet,
+        style,
+        MakeCamera(frame.view, static_cast<double>(rect.width) / rect.height, dataSet.bounds),
+        rect,
+        sizeScale,
+        light};
     glClear(GL_DEPTH_BUFFER_BIT);
     glEnable(GL_DEPTH_TEST);
     glDepthFunc(GL_LEQUAL);
@@ -264,17 +286,18 @@ void FrameRenderer::drawSurface(const Context& context, const Zone& zone)
 {
     const GpuSurface& gpu = m_geometry.surface(zone.surface);
     const DataSet& dataSet = context.dataSet;
-    m_surfaceProgram.use();
-    m_surfaceProgram.set("modelToClip", context.camera.modelToClip);
-    m_surfaceProgram.set("modelToEye", context.camera.modelToEye);
-    m_surfaceProgram.set("colormap", 0);
-    m_surfaceProgram.set("coloured", zone.scalar ? 1 : 0);
-    m_surfaceProgram.set("plainColour", PlainSurface[0], PlainSurface[1], PlainSurface[2]);
-    m_surfaceProgram.set("scalarRange", dataSet.scalarMin, 1.0f / (dataSet.scalarMax - dataSet.scalarMin));
-    m_surfaceProgram.set("perspective", context.camera.perspective ? 1 : 0);
-    m_surfaceProgram.set("ambient", static_cast<float>(context.style.backgroundLight / 100.0));
-    m_surfaceProgram.set("diffuse", static_cast<float>(context.style.intensity / 100.0));
-    m_surfaceProgram.set("lightDirection", LightDirection[0], LightDirection[1], LightDirection[2]);
+    const ShaderProgram& program =
+        m_surfacePrograms[2 * context.camera.perspective + (zone.scalar != nullptr)];
+    program.use();
+    program.set("modelToClip", context.camera.modelToClip);
+    program.set("modelToEye", context.camera.modelToEye);
+    program.set("colormap", 0);
+    program.set("plainColour", PlainSurface[0], PlainSurface[1], PlainSurface[2]);
+    program.set("scalarRange", dataSet.scalarMin, 1.0f / (dataSet.scalarMax - dataSet.scalarMin));
+    if (context.camera.perspective)
+        setPixelToViewer(program, context);
+    program.set("ambient", static_cast<float>(context.style.backgroundLight / 100.0));
+    program.set("diffuse", static_cast<float>(context.style.intensity / 100.0));
     glActiveTexture(GL_TEXTURE0);
     glBindTexture(GL_TEXTURE_1D, m_colormap.id());
 
@@ -308,6 +331,20 @@ void FrameRenderer::drawSurface(const Context& context, const Zone& zone)
         glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, gpu.meshLines.id());
         glDrawElements(GL_LINES, gpu.meshLineIndexCount, GL_UNSIGNED_INT, nullptr);
     }
+}
+
+void FrameRenderer::setPixelToViewer(const ShaderProgram& program, const Context& context)
+{
+    // The viewer sees the pixel at normalised device coordinates (u, v) along the eye-space direction
+    // (u / p0, v / p1, -1), p0 and p1 the projection's scales, so the direction back to the viewer is
+    // (-u / p0, -v / p1, 1), with u = 2 (x - left) / width - 1 at window position x (and v likewise).
+    const PixelRect& rect = context.rect;
+    const auto axis = [](int first, int size, float scale) {
+        return std::array<float, 2>{-2.0f / (size * scale), (2.0f * first / size + 1.0f) / scale};
+    };
+    const auto x = axis(rect.x, rect.width, context.camera.projectionScale[0]);
+    const auto y = axis(rect.y, rect.height, context.camera.projectionScale[1]);
+    program.set("pixelToViewer", x[0], y[0], x[1], y[1]);
 }
 
 void FrameRenderer::drawStreamtraces(const Context& context, const Zone& zone)

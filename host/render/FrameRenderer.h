@@ -39,12 +39,13 @@ private:
 
     void drawBackground(const PixelRect& rect, float light);
     void drawSurface(const Context& context, const Zone& zone);
+    static void setPixelToViewer(const ShaderProgram& program, const Context& context);
     void drawStreamtraces(const Context& context, const Zone& zone);
     void drawFrameAxis(const Context& context, const PixelRect& rect);
     // Uploads points (x, y, z each) into the scratch buffer and binds it for drawing.
     void bindScratch(const std::vector<float>& points);
 
-    ShaderProgram m_surfaceProgram;
+    ShaderProgram m_surfacePrograms[4]; // plain and coloured orthographic, then in perspective
     ShaderProgram m_lineProgram;
     ShaderProgram m_markerProgram;
     ShaderProgram m_backgroundProgram;

@@ -84,6 +84,11 @@ void ShaderProgram::set(const char* name, float x, float y, float z) const
     glUniform3f(location(name), x, y, z);
 }
 
+void ShaderProgram::set(const char* name, float x, float y, float z, float w) const
+{
+    glUniform4f(location(name), x, y, z, w);
+}
+
 void ShaderProgram::set(const char* name, const std::array<float, 16>& columnMajor) const
 {
     glUniformMatrix4fv(location(name), 1, GL_FALSE, columnMajor.data());

@@ -21,6 +21,7 @@ public:
     void set(const char* name, int value) const;
     void set(const char* name, float x, float y) const;
     void set(const char* name, float x, float y, float z) const;
+    void set(const char* name, float x, float y, float z, float w) const;
     void set(const char* name, const std::array<float, 16>& columnMajor) const;
 
 private:
