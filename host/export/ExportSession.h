@@ -1,8 +1,8 @@
 // One export in progress: what it was set up with, the size of its images, and the file being written.
 #pragma once
 
+#include "export/BackgroundFrameWriter.h"
 #include "export/ExportSetup.h"
-#include "export/FrameWriter.h"
 
 #include <memory>
 #include <string>
@@ -15,7 +15,7 @@ struct ExportSession
     ExportSettings settings;
     int width = 0;
     int height = 0;
-    std::unique_ptr<FrameWriter> writer; // abandons the file unless finished
+    std::unique_ptr<BackgroundFrameWriter> writer; // abandons the file unless finished
     long frames = 0;
 };
 

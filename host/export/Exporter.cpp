@@ -79,7 +79,7 @@ bool StartExport()
             options.aviCompression = session->settings.aviCompression;
             options.flashImageType = session->settings.flashImageType;
             options.flashCompression = session->settings.flashCompression;
-            session->writer = OpenFrameWriter(options);
+            session->writer = std::make_unique<BackgroundFrameWriter>(OpenFrameWriter(options));
             session->writer->write(RenderExportImage(session->settings, session->width, session->height));
             session->frames = 1;
             state.open = std::move(session);

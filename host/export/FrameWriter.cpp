@@ -19,11 +19,16 @@ void FrameWriter::finish()
 
 void FrameWriter::write(const Image& image)
 {
+    checkSize(image);
+    append(image);
+}
+
+void FrameWriter::checkSize(const Image& image) const
+{
     if (image.width != m_width || image.height != m_height)
         throw ExportError("an image of " + std::to_string(image.width) + " x " +
                           std::to_string(image.height) + " does not fit a " + m_kind + " of " +
                           std::to_string(m_width) + " x " + std::to_string(m_height));
-    append(image);
 }
 
 std::unique_ptr<FrameWriter> OpenFrameWriter(const MovieOptions& options)

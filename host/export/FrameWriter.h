@@ -40,6 +40,8 @@ public:
     virtual ~FrameWriter() = default;
     // Appends one image of the writer's size. Throws ExportError.
     void write(const Image& image);
+    // Throws ExportError for an image that is not of the writer's size.
+    void checkSize(const Image& image) const;
     // Completes the file and puts it in place of the earlier one. Throws ExportError (the earlier file then
     // stays).
     void finish();

@@ -4,6 +4,11 @@
 #include "export/FfmpegOwners.h"
 #include "export/FrameWriter.h"
 
+extern "C"
+{
+#include <libavutil/opt.h>
+}
+
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
@@ -89,6 +94,14 @@ std::vector<std::uint8_t> EncodeStillImage(ExportFormat_e format, const Image& i
     context->height = image.height;
     context->pix_fmt = pixelFormat;
     context->time_base = AVRational{1, 1};
+    if (codecId == AV_CODEC_ID_PNG)
+    {
+        // Pictures of the page are smooth shading and flat background: the left neighbour predicts them
+        // well, and the fastest compression then makes smaller files than the default one without it,
+        // in half the time.
+        context->compression_level = 1;
+        av_opt_set(context->priv_data, "pred", "sub", 0);
+    }
     if (codecId == AV_CODEC_ID_MJPEG)
     {
         context->color_range = AVCOL_RANGE_JPEG;

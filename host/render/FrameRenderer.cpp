@@ -3,6 +3,7 @@
 #include "render/Camera.h"
 #include "render/Colormap.h"
 #include "render/StreamMarkers.h"
+#include "render/ThrottledDraw.h"
 #include "scene/DataSet.h"
 
 #include <algorithm>
@@ -318,7 +319,7 @@ void FrameRenderer::drawSurface(const Context& context, const Zone& zone)
     glEnable(GL_POLYGON_OFFSET_FILL);
     glPolygonOffset(1.0f, 1.0f);
     glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, gpu.triangles.id());
-    glDrawElements(GL_TRIANGLES, gpu.triangleIndexCount, GL_UNSIGNED_INT, nullptr);
+    ThrottledDraw().triangles(gpu.triangleIndexCount);
     glDisable(GL_POLYGON_OFFSET_FILL);
 
     if (gpu.meshLineIndexCount > 0)

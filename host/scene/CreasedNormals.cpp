@@ -3,7 +3,8 @@
 #include <array>
 #include <cmath>
 #include <cstring>
-#include <unordered_map>
+#include <limits>
+#include <stdexcept>
 
 namespace vantix::host::detail
 {
@@ -13,45 +14,47 @@ namespace
 
 using Normal = std::array<double, 3>;
 
-struct PositionKey
+std::array<std::uint32_t, 3> BitsOf(const float* position)
 {
-    std::array<std::uint32_t, 3> bits;
-    bool operator==(const PositionKey& other) const { return bits == other.bits; }
-};
-
-struct PositionHash
-{
-    std::size_t operator()(const PositionKey& key) const
-    {
-        return (std::size_t(key.bits[0]) * 73856093u) ^ (std::size_t(key.bits[1]) * 19349663u) ^
-               (std::size_t(key.bits[2]) * 83492791u);
-    }
-};
-
-PositionKey KeyOf(const float* position)
-{
-    PositionKey key{};
+    std::array<std::uint32_t, 3> bits{};
     for (int i = 0; i < 3; ++i)
     {
         const float value = position[i] == 0.0f ? 0.0f : position[i]; // -0 and 0 are one place
-        std::memcpy(&key.bits[i], &value, sizeof value);
+        std::memcpy(&bits[i], &value, sizeof value);
     }
-    return key;
+    return bits;
 }
 
-// Each corner's position, numbered in the order first used.
-std::vector<std::uint32_t> JoinedPositions(const SurfaceGeometry& mesh, std::vector<const float*>& points)
+std::size_t HashOf(const std::array<std::uint32_t, 3>& bits)
 {
-    std::unordered_map<PositionKey, std::uint32_t, PositionHash> numbers;
+    return (std::size_t(bits[0]) * 73856093u) ^ (std::size_t(bits[1]) * 19349663u) ^
+           (std::size_t(bits[2]) * 83492791u);
+}
+
+// Each corner's position, numbered in the order first used; points gets the node of each number. An
+// open-addressed table of numbers, twice as large as there are nodes, finds equal positions: a few bytes
+// a node, where a node-based map takes tens (meshes of millions of triangles are loaded here).
+std::vector<std::uint32_t> JoinedPositions(const SurfaceGeometry& mesh, std::vector<std::uint32_t>& points)
+{
+    constexpr std::uint32_t Free = 0xffffffffu;
+    std::size_t capacity = 16;
+    while (capacity < 2 * mesh.nodeCount())
+        capacity *= 2;
+    std::vector<std::uint32_t> table(capacity, Free);
     std::vector<std::uint32_t> corners;
     corners.reserve(mesh.triangles.size());
     for (const std::uint32_t node : mesh.triangles)
     {
-        const float* const position = &mesh.positions[3 * std::size_t(node)];
-        const auto [entry, added] = numbers.try_emplace(KeyOf(position), std::uint32_t(points.size()));
-        if (added)
-            points.push_back(position);
-        corners.push_back(entry->second);
+        const auto bits = BitsOf(&mesh.positions[3 * std::size_t(node)]);
+        std::size_t slot = HashOf(bits) & (capacity - 1);
+        while (table[slot] != Free && BitsOf(&mesh.positions[3 * std::size_t(points[table[slot]])]) != bits)
+            slot = (slot + 1) & (capacity - 1);
+        if (table[slot] == Free)
+        {
+            table[slot] = std::uint32_t(points.size());
+            points.push_back(node);
+        }
+        corners.push_back(table[slot]);
     }
     return corners;
 }
@@ -80,41 +83,53 @@ struct Group
 
 SurfaceGeometry WithCreasedNormals(const SurfaceGeometry& mesh, double creaseDegrees)
 {
-    std::vector<const float*> points;
+    if (mesh.triangles.size() >= std::numeric_limits<std::uint32_t>::max())
+        throw std::length_error("a mesh of more than 1.4 billion triangles");
+    std::vector<std::uint32_t> points;
     const std::vector<std::uint32_t> cornerPoints = JoinedPositions(mesh, points);
     const std::size_t triangles = cornerPoints.size() / 3;
+    const auto position = [&mesh, &points](std::uint32_t point)
+    { return &mesh.positions[3 * std::size_t(points[point])]; };
 
-    std::vector<Normal> areaNormals(triangles), unitNormals(triangles, Normal{});
+    std::vector<Normal> areaNormals(triangles);
     for (std::size_t t = 0; t < triangles; ++t)
     {
         const std::uint32_t* const corner = &cornerPoints[3 * t];
-        areaNormals[t] = AreaNormal(points[corner[0]], points[corner[1]], points[corner[2]]);
+        areaNormals[t] = AreaNormal(position(corner[0]), position(corner[1]), position(corner[2]));
+    }
+    const auto unitNormal = [&areaNormals](std::size_t t)
+    {
+        Normal unit{};
         const double length = Length(areaNormals[t]);
         if (length > 0.0 && std::isfinite(length))
             for (int i = 0; i < 3; ++i)
-                unitNormals[t][i] = areaNormals[t][i] / length;
-    }
+                unit[i] = areaNormals[t][i] / length;
+        return unit;
+    };
 
     // The corners at each position, as one list cut by offsets.
-    std::vector<std::size_t> offsets(points.size() + 1, 0);
+    std::vector<std::uint32_t> offsets(points.size() + 1, 0);
     for (const std::uint32_t point : cornerPoints)
         ++offsets[point + 1];
     for (std::size_t p = 0; p < points.size(); ++p)
         offsets[p + 1] += offsets[p];
-    std::vector<std::size_t> cornersAt(cornerPoints.size()), filled(offsets.begin(), offsets.end() - 1);
+    std::vector<std::uint32_t> cornersAt(cornerPoints.size()), filled(offsets.begin(), offsets.end() - 1);
     for (std::size_t corner = 0; corner < cornerPoints.size(); ++corner)
-        cornersAt[filled[cornerPoints[corner]]++] = corner;
+        cornersAt[filled[cornerPoints[corner]]++] = std::uint32_t(corner);
+    filled = {};
 
     const double creaseCosine = std::cos(creaseDegrees * 3.14159265358979323846 / 180.0);
     SurfaceGeometry result;
     result.triangles.resize(cornerPoints.size());
+    result.positions.reserve(3 * points.size());
+    result.normals.reserve(3 * points.size());
     std::vector<Group> groups;
     for (std::size_t p = 0; p < points.size(); ++p)
     {
         groups.clear();
         for (std::size_t at = offsets[p]; at < offsets[p + 1]; ++at)
         {
-            const Normal& unit = unitNormals[cornersAt[at] / 3];
+            const Normal unit = unitNormal(cornersAt[at] / 3);
             std::size_t g = 0;
             // A face without an area (or of infinite area) bends nothing: it goes with the first group.
             const bool flat = unit == Normal{};
@@ -132,7 +147,8 @@ SurfaceGeometry WithCreasedNormals(const SurfaceGeometry& mesh, double creaseDeg
         }
         for (const Group& group : groups)
         {
-            result.positions.insert(result.positions.end(), points[p], points[p] + 3);
+            result.positions.insert(result.positions.end(), position(std::uint32_t(p)),
+                                    position(std::uint32_t(p)) + 3);
             const double length = Length(group.sum);
             const bool usable = length > 0.0 && std::isfinite(length);
             for (int i = 0; i < 3; ++i)
