@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace vantix::host::detail
 {
@@ -35,6 +36,38 @@ Image RenderExportImage(const ExportSettings& settings, int width, int height)
 {
     return RenderRegion(settings.region, width, height,
                         settings.supersample ? settings.supersampleFactor : 1);
+}
+
+PendingPicture DrawExportImage(const ExportSettings& settings, int width, int height)
+{
+    return DrawRegionPending(settings.region, width, height,
+                             settings.supersample ? settings.supersampleFactor : 1);
+}
+
+ExportSession::~ExportSession()
+{
+    if (drawn)
+        DropPendingPicture(*drawn);
+}
+
+void ExportSession::drawFrame()
+{
+    const PendingPicture next = DrawExportImage(settings, width, height);
+    if (drawn)
+    {
+        const PendingPicture previous = *std::exchange(drawn, next);
+        writer->write(ReadPendingPicture(previous));
+    }
+    else
+        drawn = next;
+    ++frames;
+}
+
+void ExportSession::finish()
+{
+    if (drawn)
+        writer->write(ReadPendingPicture(*std::exchange(drawn, std::nullopt)));
+    writer->finish();
 }
 
 } // namespace vantix::host::detail

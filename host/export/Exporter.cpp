@@ -80,8 +80,7 @@ bool StartExport()
             options.flashImageType = session->settings.flashImageType;
             options.flashCompression = session->settings.flashCompression;
             session->writer = std::make_unique<BackgroundFrameWriter>(OpenFrameWriter(options));
-            session->writer->write(RenderExportImage(session->settings, session->width, session->height));
-            session->frames = 1;
+            session->drawFrame();
             state.open = std::move(session);
             state.lastError.clear();
         });
@@ -92,12 +91,7 @@ bool AddExportFrame()
     ExportSession* session = State().open.get();
     if (!session)
         return Fail("no export is in progress");
-    return Attempt(
-        [session]
-        {
-            session->writer->write(RenderExportImage(session->settings, session->width, session->height));
-            ++session->frames;
-        });
+    return Attempt([session] { session->drawFrame(); });
 }
 
 bool FinishExport()
@@ -106,7 +100,7 @@ bool FinishExport()
         return Fail("no export is in progress");
     // The session is closed whatever happens: a file that cannot be completed is removed with it.
     const std::unique_ptr<ExportSession> session = std::move(State().open);
-    return Attempt([&session] { session->writer->finish(); });
+    return Attempt([&session] { session->finish(); });
 }
 
 std::string CancelExport()

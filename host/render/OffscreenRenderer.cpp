@@ -54,8 +54,60 @@ int OffscreenRenderer::usableFactor(int width, int height, int supersample) cons
     return factor;
 }
 
+int OffscreenRenderer::freeTarget() const
+{
+    if (m_pending[0] == 0)
+        return 0;
+    if (m_pending[1] == 0)
+        return 1;
+    throw std::logic_error("two pictures wait to be read already");
+}
+
 Image OffscreenRenderer::render(int width, int height, const std::vector<FrameSlot>& frames,
                                 const SceneStyle& style, int supersample)
+{
+    const int target = freeTarget();
+    const int factor = draw(target, width, height, frames, style, supersample);
+    glFinish();
+    Image image = m_targets[target].read();
+    return factor > 1 ? BoxFilter(image, factor) : image;
+}
+
+PendingPicture OffscreenRenderer::drawPending(int width, int height, const std::vector<FrameSlot>& frames,
+                                              const SceneStyle& style, int supersample)
+{
+    const int target = freeTarget();
+    const int factor = draw(target, width, height, frames, style, supersample);
+    glFlush(); // the rasteriser starts on the last part now
+    m_pending[target] = ++m_drawings;
+    return {target, m_drawings, width, height, factor};
+}
+
+void OffscreenRenderer::checkPending(const PendingPicture& picture) const
+{
+    if (picture.target < 0 || picture.target > 1 || m_pending[picture.target] != picture.drawing)
+        throw std::logic_error("the picture is not waiting to be read");
+}
+
+Image OffscreenRenderer::readPending(const PendingPicture& picture)
+{
+    checkPending(picture);
+    m_context.makeCurrent();
+    m_pending[picture.target] = 0;
+    // Read after the next picture was set up, this one is drawn by now: the rasteriser works through
+    // what it was given in order, and reading waits only for what this target still takes part in.
+    Image image = m_targets[picture.target].read();
+    return picture.factor > 1 ? BoxFilter(image, picture.factor) : image;
+}
+
+void OffscreenRenderer::dropPending(const PendingPicture& picture)
+{
+    checkPending(picture);
+    m_pending[picture.target] = 0;
+}
+
+int OffscreenRenderer::draw(int target, int width, int height, const std::vector<FrameSlot>& frames,
+                            const SceneStyle& style, int supersample)
 {
     if (width <= 0 || height <= 0)
         throw std::invalid_argument("cannot draw a picture of " + std::to_string(width) + " x " +
@@ -67,7 +119,7 @@ Image OffscreenRenderer::render(int width, int height, const std::vector<FrameSl
     m_context.makeCurrent();
     const int factor = usableFactor(width, height, supersample);
     const int drawnWidth = width * factor, drawnHeight = height * factor;
-    m_target.bind(drawnWidth, drawnHeight);
+    m_targets[target].bind(drawnWidth, drawnHeight, m_depth);
     m_frames.dropUnusedGeometry();
 
     glDisable(GL_SCISSOR_TEST);
@@ -88,9 +140,7 @@ Image OffscreenRenderer::render(int width, int height, const std::vector<FrameSl
         m_frames.draw(*slot.frame, style, rect,
                       std::max(static_cast<double>(factor), rect.height / ReferenceHeight));
     }
-    glFinish();
-    Image image = m_target.read();
-    return factor > 1 ? BoxFilter(image, factor) : image;
+    return factor;
 }
 
 Image BoxFilter(const Image& large, int factor)

@@ -5,6 +5,7 @@
 #include "core/Image.h"
 #include "render/FrameRenderer.h"
 #include "render/OffscreenContext.h"
+#include "render/Render.h"
 #include "render/RenderTarget.h"
 
 #include <memory>
@@ -40,16 +41,31 @@ public:
     // larger each way and each block of factor x factor pixels is averaged into one.
     Image render(int width, int height, const std::vector<FrameSlot>& frames, const SceneStyle& style,
                  int supersample);
+    // The same picture left in one of the two render targets, for readPending() to read later; the other
+    // target stays free for the next picture (see DrawRegionPending).
+    PendingPicture drawPending(int width, int height, const std::vector<FrameSlot>& frames,
+                               const SceneStyle& style, int supersample);
+    Image readPending(const PendingPicture& picture);
+    void dropPending(const PendingPicture& picture);
     const std::string& description() const { return m_context.description(); }
 
 private:
     OffscreenRenderer();
     int usableFactor(int width, int height, int supersample) const;
+    // A render target that holds no pending picture. Throws std::logic_error when both do.
+    int freeTarget() const;
+    // Draws into a target; answers the supersample factor used.
+    int draw(int target, int width, int height, const std::vector<FrameSlot>& frames, const SceneStyle& style,
+             int supersample);
+    void checkPending(const PendingPicture& picture) const;
 
     // Declared first, destroyed last: every GL object below is deleted while the context still exists.
     OffscreenContext m_context;
     FrameRenderer m_frames;
-    RenderTarget m_target;
+    DepthBuffer m_depth;
+    RenderTarget m_targets[2];
+    long m_pending[2] = {0, 0}; // the drawing a target holds unread; 0 when it holds none
+    long m_drawings = 0;
     int m_maxSize = 0;
 };
 

@@ -77,7 +77,11 @@ void RegionPixelSize(ExportRegion_e region, double& width, double& height)
     height = box.height * page.pixelsPerInch();
 }
 
-Image RenderRegion(ExportRegion_e region, int width, int height, int supersample)
+namespace
+{
+
+// The frames of a region at their places in it, as fractions of its width and height.
+std::vector<FrameSlot> RegionSlots(ExportRegion_e region)
 {
     Application& app = Application::instance();
     PageBox box;
@@ -95,8 +99,33 @@ Image RenderRegion(ExportRegion_e region, int width, int height, int supersample
         slots.push_back({frame, (frame->x - box.x) / box.width, (frame->y - box.y) / box.height,
                          (frame->x + frame->width - box.x) / box.width,
                          (frame->y + frame->height - box.y) / box.height});
-    return OffscreenRenderer::instance().render(width, height, slots, ReadSceneStyle(app.style()),
-                                                supersample);
+    return slots;
+}
+
+} // namespace
+
+Image RenderRegion(ExportRegion_e region, int width, int height, int supersample)
+{
+    const std::vector<FrameSlot> slots = RegionSlots(region);
+    return OffscreenRenderer::instance().render(width, height, slots,
+                                                ReadSceneStyle(Application::instance().style()), supersample);
+}
+
+PendingPicture DrawRegionPending(ExportRegion_e region, int width, int height, int supersample)
+{
+    const std::vector<FrameSlot> slots = RegionSlots(region);
+    return OffscreenRenderer::instance().drawPending(
+        width, height, slots, ReadSceneStyle(Application::instance().style()), supersample);
+}
+
+Image ReadPendingPicture(const PendingPicture& picture)
+{
+    return OffscreenRenderer::instance().readPending(picture);
+}
+
+void DropPendingPicture(const PendingPicture& picture)
+{
+    OffscreenRenderer::instance().dropPending(picture);
 }
 
 Image RenderFrame(const Frame& frame, int width, int height, int supersample)

@@ -28,6 +28,25 @@ void RegionPixelSize(ExportRegion_e region, double& width, double& height);
 // empty page), std::runtime_error when no offscreen OpenGL context can be made.
 Image RenderRegion(ExportRegion_e region, int width, int height, int supersample);
 
+// A picture drawn and not yet read back; see DrawRegionPending.
+struct PendingPicture
+{
+    int target = -1;  // the renderer's render target that holds it; -1: none
+    long drawing = 0; // the renderer's count of pictures drawn when it was
+    int width = 0, height = 0, factor = 1;
+};
+
+// Draws a region as RenderRegion does but leaves the picture in the renderer, to be read by
+// ReadPendingPicture. Movies draw the next frame before reading this one: the software rasteriser
+// finishes this picture while the next one is set up, and reading it then waits for nothing. At most one
+// picture may be pending when the next one is drawn; throws std::logic_error otherwise.
+PendingPicture DrawRegionPending(ExportRegion_e region, int width, int height, int supersample);
+// Reads a pending picture back (once), supersampling filtered. Throws std::logic_error for one already
+// read or not pending.
+Image ReadPendingPicture(const PendingPicture& picture);
+// Forgets a pending picture without reading it (an export that stops early).
+void DropPendingPicture(const PendingPicture& picture);
+
 // Draws one frame alone at width x height pixels.
 Image RenderFrame(const Frame& frame, int width, int height, int supersample);
 

@@ -1,22 +1,47 @@
 #include "render/RenderTarget.h"
 
+#include <algorithm>
 #include <stdexcept>
 #include <string>
 
 namespace vantix::host::detail
 {
 
-void RenderTarget::bind(int width, int height)
+namespace
+{
+
+// Rows read back at a time: the picture is turned the right way up and its alpha dropped band by band,
+// through a buffer much smaller than the picture.
+constexpr int BandRows = 64;
+
+} // namespace
+
+long DepthBuffer::resize(int width, int height)
+{
+    if (width != m_width || height != m_height)
+    {
+        glBindRenderbuffer(GL_RENDERBUFFER, m_buffer.id());
+        glRenderbufferStorage(GL_RENDERBUFFER, GL_DEPTH_COMPONENT24, width, height);
+        m_width = width;
+        m_height = height;
+        ++m_allocation;
+    }
+    return m_allocation;
+}
+
+void RenderTarget::bind(int width, int height, DepthBuffer& depth)
 {
     glBindFramebuffer(GL_FRAMEBUFFER, m_framebuffer.id());
-    if (width == m_width && height == m_height)
+    const long depthAllocation = depth.resize(width, height);
+    if (width == m_width && height == m_height && depthAllocation == m_depthAllocation)
         return;
-    glBindRenderbuffer(GL_RENDERBUFFER, m_colour.id());
-    glRenderbufferStorage(GL_RENDERBUFFER, GL_RGBA8, width, height);
-    glBindRenderbuffer(GL_RENDERBUFFER, m_depth.id());
-    glRenderbufferStorage(GL_RENDERBUFFER, GL_DEPTH_COMPONENT24, width, height);
+    if (width != m_width || height != m_height)
+    {
+        glBindRenderbuffer(GL_RENDERBUFFER, m_colour.id());
+        glRenderbufferStorage(GL_RENDERBUFFER, GL_RGBA8, width, height);
+    }
     glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_RENDERBUFFER, m_colour.id());
-    glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_DEPTH_ATTACHMENT, GL_RENDERBUFFER, m_depth.id());
+    glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_DEPTH_ATTACHMENT, GL_RENDERBUFFER, depth.id());
     const GLenum status = glCheckFramebufferStatus(GL_FRAMEBUFFER);
     if (status != GL_FRAMEBUFFER_COMPLETE)
     {
@@ -26,29 +51,35 @@ void RenderTarget::bind(int width, int height)
     }
     m_width = width;
     m_height = height;
+    m_depthAllocation = depthAllocation;
 }
 
 Image RenderTarget::read() const
 {
-    // RGBA is the renderbuffer's own layout and reads back more than twice as fast as RGB; the alpha is
-    // dropped here, while the rows are turned the right way up (GL counts them from the bottom).
-    std::vector<std::uint8_t> rgba(static_cast<std::size_t>(m_width) * m_height * 4);
-    glBindFramebuffer(GL_READ_FRAMEBUFFER, m_framebuffer.id());
-    glPixelStorei(GL_PACK_ALIGNMENT, 1);
-    glReadPixels(0, 0, m_width, m_height, GL_RGBA, GL_UNSIGNED_BYTE, rgba.data());
+    // RGBA is the renderbuffer's own layout and reads back more than twice as fast as RGB.
     Image image;
     image.width = m_width;
     image.height = m_height;
     image.rgb.resize(static_cast<std::size_t>(m_width) * m_height * 3);
-    for (int y = 0; y < m_height; ++y)
+    std::vector<std::uint8_t> rgba(static_cast<std::size_t>(m_width) * std::min(BandRows, m_height) * 4);
+    glBindFramebuffer(GL_READ_FRAMEBUFFER, m_framebuffer.id());
+    glPixelStorei(GL_PACK_ALIGNMENT, 1);
+    for (int first = 0; first < m_height; first += BandRows)
     {
-        const std::uint8_t* source = rgba.data() + static_cast<std::size_t>(m_height - 1 - y) * m_width * 4;
-        std::uint8_t* target = image.rgb.data() + static_cast<std::size_t>(y) * m_width * 3;
-        for (int x = 0; x < m_width; ++x, source += 4, target += 3)
+        // GL counts rows from the bottom: the band's rows are the picture's rows first.. first + rows - 1
+        // counted from the top.
+        const int rows = std::min(BandRows, m_height - first);
+        glReadPixels(0, m_height - first - rows, m_width, rows, GL_RGBA, GL_UNSIGNED_BYTE, rgba.data());
+        for (int y = 0; y < rows; ++y)
         {
-            target[0] = source[0];
-            target[1] = source[1];
-            target[2] = source[2];
+            const std::uint8_t* source = rgba.data() + static_cast<std::size_t>(rows - 1 - y) * m_width * 4;
+            std::uint8_t* target = image.rgb.data() + static_cast<std::size_t>(first + y) * m_width * 3;
+            for (int x = 0; x < m_width; ++x, source += 4, target += 3)
+            {
+                target[0] = source[0];
+                target[1] = source[1];
+                target[2] = source[2];
+            }
         }
     }
     return image;

@@ -1,5 +1,5 @@
-// The framebuffer the renderer draws into: a colour and a depth buffer of one size, reallocated when a
-// picture of another size is asked for.
+// The framebuffers the renderer draws into: a colour buffer each and a depth buffer they share, of one
+// size, reallocated when a picture of another size is asked for.
 #pragma once
 
 #include "core/Image.h"
@@ -8,21 +8,37 @@
 namespace vantix::host::detail
 {
 
+// The depth buffer of every render target: pictures are drawn one at a time and the rasteriser works
+// through them in order, so a picture's depth is cleared only once the one before it is drawn.
+class DepthBuffer
+{
+public:
+    // Gives the buffer that size (when it has another one); answers its allocation's number.
+    long resize(int width, int height);
+    GLuint id() const { return m_buffer.id(); }
+
+private:
+    GlRenderbuffer m_buffer;
+    int m_width = 0;
+    int m_height = 0;
+    long m_allocation = 0;
+};
+
 class RenderTarget
 {
 public:
-    // Binds the framebuffer at width x height pixels, allocating it when the size changed. Throws
-    // std::runtime_error when the implementation cannot make a framebuffer of that size.
-    void bind(int width, int height);
+    // Binds the framebuffer at width x height pixels with the depth buffer, allocating them when the size
+    // changed. Throws std::runtime_error when the implementation cannot make a framebuffer of that size.
+    void bind(int width, int height, DepthBuffer& depth);
     // The colour buffer as an image, rows from the top down.
     Image read() const;
 
 private:
     GlFramebuffer m_framebuffer;
     GlRenderbuffer m_colour;
-    GlRenderbuffer m_depth;
     int m_width = 0;
     int m_height = 0;
+    long m_depthAllocation = 0; // of the depth buffer attached
 };
 
 } // namespace vantix::host::detail
