@@ -21,9 +21,12 @@ StyleSetting Stored(StyleKind kind, StyleData value)
 
 } // namespace
 
-Application& Application::instance()
+std::atomic<Application*> Application::s_instance{nullptr};
+
+Application& Application::make()
 {
     static Application application;
+    s_instance.store(&application, std::memory_order_release);
     return application;
 }
 
@@ -49,11 +52,12 @@ void Application::startSession()
 {
     m_session = std::make_unique<Session>(m_statusObserver, m_redrawObserver, m_cancelSignal);
     // A "ThreeDView" setting is part of the view; every other setting is style.
-    m_session->style.setChangeObserver(
-        [](const std::string& path)
+    m_session->style.setChangeNotice(
+        [](const std::string& path) -> std::function<void()>
         {
-            const bool view = path.compare(0, 11, "ThreeDView/") == 0;
-            RaiseStateChange(view ? StateChange_View3D : StateChange_Style);
+            const StateChange_e change =
+                path.compare(0, 11, "ThreeDView/") == 0 ? StateChange_View3D : StateChange_Style;
+            return [change] { RaiseStateChange(change); };
         });
     defineStyles();
     for (const auto define : m_styleDefinitions)

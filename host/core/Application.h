@@ -27,7 +27,12 @@ namespace vantix::host::detail
 class Application
 {
 public:
-    static Application& instance();
+    // Made on first use. Every SDK call starts here, so once made it is one load, not a call.
+    static Application& instance()
+    {
+        Application* made = s_instance.load(std::memory_order_acquire);
+        return made ? *made : make();
+    }
 
     // Back to a clean host: a new session (no frames, default styles, no recording, no status line,
     // nothing drawn or counted) and every host part reset. Registered add-ons stay, without their locks;
@@ -100,6 +105,7 @@ private:
     };
 
     Application();
+    static Application& make();
     void startSession();
     void defineStyles();
 
@@ -116,6 +122,17 @@ private:
     std::atomic<bool> m_cancelSignal{false};
 
     std::unique_ptr<Session> m_session;
+
+    static std::atomic<Application*> s_instance; // null until make() has made the one host state
 };
+
+// The one Application, with the SDK function's call counted and traced: the first line of every SDK
+// function.
+inline Application& Enter(Call call)
+{
+    Application& app = Application::instance();
+    app.calls().note(call);
+    return app;
+}
 
 } // namespace vantix::host::detail

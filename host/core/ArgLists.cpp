@@ -1,21 +1,11 @@
 #include "core/ArgLists.h"
 
-#include <strings.h>
+#include "core/SameName.h"
 
-namespace
-{
-
-bool SameName(const std::string& a, const std::string& b)
-{
-    return a.size() == b.size() && ::strcasecmp(a.c_str(), b.c_str()) == 0;
-}
-
-} // namespace
-
-const ArgList_s::Argument* ArgList_s::find(const std::string& name) const
+const ArgList_s::Argument* ArgList_s::find(std::string_view name) const
 {
     for (const Argument& argument : arguments)
-        if (SameName(argument.name, name))
+        if (vantix::host::detail::SameName(argument.name, name))
             return &argument;
     return nullptr;
 }

@@ -8,6 +8,7 @@
 #include <VtxUtil.h>
 
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -22,7 +23,7 @@ struct ArgList_s
     std::vector<Argument> arguments; // in the order appended
 
     // Null when the list has no argument of that name (names match in any case).
-    const Argument* find(const std::string& name) const;
+    const Argument* find(std::string_view name) const;
 };
 
 namespace vantix::host::detail

@@ -6,13 +6,6 @@
 namespace vantix::host::detail
 {
 
-Application& Enter(Call call)
-{
-    Application& app = Application::instance();
-    app.calls().note(call);
-    return app;
-}
-
 CallContext::CallContext(Call call) : m_who(CallName(call))
 {
     Enter(call);
@@ -25,7 +18,7 @@ Application& CallContext::app() const
 
 void CallContext::refuse(const std::string& why) const
 {
-    ReportProtocolError(m_who + " " + why);
+    ReportProtocolError(std::string(m_who) + " " + why);
 }
 
 } // namespace vantix::host::detail

@@ -1,18 +1,14 @@
 #include "core/StyleTree.h"
 
+#include "core/SameName.h"
+
 #include <cmath>
-#include <strings.h>
 
 namespace vantix::host::detail
 {
 
 namespace
 {
-
-bool SameName(std::string_view a, std::string_view b)
-{
-    return a.size() == b.size() && ::strncasecmp(a.data(), b.data(), a.size()) == 0;
-}
 
 // Integers and enumerations share the int alternative; the kind tells them apart.
 bool DataFits(StyleKind kind, const StyleData& value)
@@ -72,6 +68,32 @@ StyleData Current(const StyleSetting& setting)
     return setting.read ? setting.read() : setting.stored;
 }
 
+// The last checks of a write, on the value the setting is to take, and the write itself.
+SetValueReturnCode_e Store(StyleSetting& setting, StyleKind kind, const StyleData& next)
+{
+    if (kind == StyleKind::Double && !std::isfinite(std::get<double>(next)))
+        return SetValueReturnCode_InvalidValue;
+    if (kind == StyleKind::Enumeration)
+    {
+        bool known = false;
+        for (int allowed : setting.enumValues)
+            known = known || allowed == std::get<int>(next);
+        if (!known)
+            return SetValueReturnCode_InvalidValue;
+    }
+
+    SetValueReturnCode_e result = SetValueReturnCode_Ok;
+    if (setting.write)
+        result = setting.write(next);
+    else if (next == setting.stored)
+        result = SetValueReturnCode_DuplicateValue;
+    else
+        setting.stored = next;
+    if (result == SetValueReturnCode_Ok && setting.changed)
+        setting.changed();
+    return result;
+}
+
 } // namespace
 
 const StyleNode* StyleNode::child(std::string_view name) const
@@ -126,8 +148,8 @@ StyleSetting& StyleTree::define(std::initializer_list<std::string_view> names, S
     StyleNode* node = &m_root;
     for (std::string_view name : names)
         node = &node->addChild(name);
-    if (m_changeObserver && !setting.changed)
-        setting.changed = [observer = m_changeObserver, path = node->path()] { observer(path); };
+    if (m_changeNotice && !setting.changed)
+        setting.changed = m_changeNotice(node->path());
     node->makeSetting(std::move(setting));
     return node->setting();
 }
@@ -150,50 +172,26 @@ SetValueReturnCode_e WriteSetting(StyleSetting& setting, StyleKind kind, const S
         return SetValueReturnCode_InvalidValue;
     if (setting.available && !setting.available())
         return SetValueReturnCode_ContextError;
+    // A plain assignment, by far the most common, stores the value given as it is.
+    if (assignOp == Equals)
+        return Store(setting, kind, value);
 
-    StyleData next = value;
-    if (assignOp != Equals)
+    const StyleData current = Current(setting);
+    if (kind == StyleKind::Double)
     {
-        const StyleData current = Current(setting);
-        if (kind == StyleKind::Double)
-        {
-            double result = 0.0;
-            if (!Combine(std::get<double>(current), std::get<double>(value), assignOp, result))
-                return SetValueReturnCode_InvalidValue;
-            next = result;
-        }
-        else if (kind == StyleKind::Integer)
-        {
-            int result = 0;
-            if (!Combine(std::get<int>(current), std::get<int>(value), assignOp, result))
-                return SetValueReturnCode_InvalidValue;
-            next = result;
-        }
-        else
-            return SetValueReturnCode_InvalidValue; // switches, choices and texts are only assigned
-    }
-
-    if (kind == StyleKind::Double && !std::isfinite(std::get<double>(next)))
-        return SetValueReturnCode_InvalidValue;
-    if (kind == StyleKind::Enumeration)
-    {
-        bool known = false;
-        for (int allowed : setting.enumValues)
-            known = known || allowed == std::get<int>(next);
-        if (!known)
+        double result = 0.0;
+        if (!Combine(std::get<double>(current), std::get<double>(value), assignOp, result))
             return SetValueReturnCode_InvalidValue;
+        return Store(setting, kind, result);
     }
-
-    SetValueReturnCode_e result = SetValueReturnCode_Ok;
-    if (setting.write)
-        result = setting.write(next);
-    else if (next == setting.stored)
-        result = SetValueReturnCode_DuplicateValue;
-    else
-        setting.stored = std::move(next);
-    if (result == SetValueReturnCode_Ok && setting.changed)
-        setting.changed();
-    return result;
+    if (kind == StyleKind::Integer)
+    {
+        int result = 0;
+        if (!Combine(std::get<int>(current), std::get<int>(value), assignOp, result))
+            return SetValueReturnCode_InvalidValue;
+        return Store(setting, kind, result);
+    }
+    return SetValueReturnCode_InvalidValue; // switches, choices and texts are only assigned
 }
 
 } // namespace vantix::host::detail

@@ -79,18 +79,16 @@ public:
     // Defines a setting at a path, creating the nodes on the way.
     StyleSetting& define(std::initializer_list<std::string_view> names, StyleSetting setting);
 
-    // Told the path of every setting defined from now on after each write that took its value; kept when
-    // the tree is cleared.
-    void setChangeObserver(std::function<void(const std::string& path)> observer)
-    {
-        m_changeObserver = std::move(observer);
-    }
+    // Makes, once for each setting defined from now on (and given no change call of its own), the call
+    // made after each write that took its value, from the setting's path; kept when the tree is cleared.
+    using ChangeNotice = std::function<std::function<void()>(const std::string& path)>;
+    void setChangeNotice(ChangeNotice notice) { m_changeNotice = std::move(notice); }
 
     void clear() { m_root = StyleNode(""); }
 
 private:
     StyleNode m_root;
-    std::function<void(const std::string& path)> m_changeObserver;
+    ChangeNotice m_changeNotice;
 };
 
 // Reading and writing a setting with its checks: kind, enumeration range, finite numbers, the assignment

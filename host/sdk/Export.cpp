@@ -1,4 +1,5 @@
 // Export of the page into image and movie files.
+#include "core/Application.h"
 #include "core/CallContext.h"
 #include "export/ExportSetup.h"
 #include "export/Exporter.h"

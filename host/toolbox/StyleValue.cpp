@@ -58,6 +58,7 @@ StyleValue::StyleValue(const char* name1, const char* name2, const char* name3, 
 StyleValue::StyleValue(const StringList& names)
 {
     std::vector<const char*> path;
+    path.reserve(names.count());
     for (std::size_t i = 0; i < names.count(); ++i)
         path.push_back(names.get(i));
     if (!path.empty())
