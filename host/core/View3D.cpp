@@ -1,6 +1,8 @@
 #include "core/View3D.h"
 
 #include <cmath>
+#include <cstdint>
+#include <cstring>
 
 namespace vantix::host::detail
 {
@@ -27,6 +29,15 @@ Vector3 MultiplyTransposed(const Matrix3& m, const Vector3& v)
             m[2] * v[0] + m[5] * v[1] + m[8] * v[2]};
 }
 
+bool SameBits(double a, double b)
+{
+    std::uint64_t aBits = 0;
+    std::uint64_t bBits = 0;
+    std::memcpy(&aBits, &a, sizeof a);
+    std::memcpy(&bBits, &b, sizeof b);
+    return aBits == bBits;
+}
+
 } // namespace
 
 double WrapAngle(double degrees)
@@ -42,14 +53,28 @@ double WrapAngle(double degrees)
     return degrees;
 }
 
-void View3D::Trig::update(double newDegrees)
+const View3D::Trig::Angle& View3D::Trig::update(double newDegrees)
 {
-    if (newDegrees == degrees)
-        return;
-    degrees = newDegrees;
-    const double radians = newDegrees * DegreesToRadians;
-    sine = std::sin(radians);
-    cosine = std::cos(radians);
+    if (SameBits(newDegrees, recent[0].degrees))
+        return recent[0];
+    std::size_t found = 1;
+    while (found < recent.size() && !SameBits(newDegrees, recent[found].degrees))
+        ++found;
+    Angle angle;
+    if (found < recent.size())
+        angle = recent[found];
+    else
+    {
+        found = recent.size() - 1; // the one used longest ago makes room
+        angle.degrees = newDegrees;
+        const double radians = newDegrees * DegreesToRadians;
+        angle.sine = std::sin(radians);
+        angle.cosine = std::cos(radians);
+    }
+    for (std::size_t i = found; i > 0; --i)
+        recent[i] = recent[i - 1];
+    recent[0] = angle;
+    return recent[0];
 }
 
 View3D::View3D()
@@ -104,12 +129,17 @@ void View3D::rotate(Axis axis, double degrees, const Vector3& pivot)
 
 Matrix3 View3D::matrix() const
 {
-    for (std::size_t i = 0; i < m_trig.size(); ++i)
-        m_trig[i].update(m_angles[i]);
-    return matrixFor(m_trig[0], m_trig[1], m_trig[2]);
+    if (m_matrixMade && SameBits(m_angles[0], m_matrixAngles[0]) &&
+        SameBits(m_angles[1], m_matrixAngles[1]) && SameBits(m_angles[2], m_matrixAngles[2]))
+        return m_matrix;
+    m_matrix = matrixFor(m_trig[0].update(m_angles[0]), m_trig[1].update(m_angles[1]),
+                         m_trig[2].update(m_angles[2]));
+    m_matrixAngles = m_angles;
+    m_matrixMade = true;
+    return m_matrix;
 }
 
-Matrix3 View3D::matrixFor(const Trig& psi, const Trig& theta, const Trig& alpha) const
+Matrix3 View3D::matrixFor(const Trig::Angle& psi, const Trig::Angle& theta, const Trig::Angle& alpha)
 {
     // Rx(-Psi) * Rz(-Theta)
     const double ct = theta.cosine, st = theta.sine;

@@ -62,17 +62,25 @@ public:
     Vector3 towardsViewer() const;
 
 private:
-    // Sine and cosine of one angle, recomputed only when the angle changes: rotations and reads of the
-    // matrix come in long runs over few distinct angles.
+    // Sine and cosine of the last three angles one axis had, the latest first, computed only for an angle
+    // that is none of them. Rotations and reads of the matrix come in long runs over few distinct angles:
+    // an add-on that steps a view towards another sets the view, turns it to the other, sets it back and
+    // turns it by one step, so that each axis goes between the angles of the three views.
+    // Angles are told apart by their bits, so what is kept is exactly what computing afresh would give.
     struct Trig
     {
-        double degrees = 0.0;
-        double sine = 0.0;
-        double cosine = 1.0;
-        void update(double newDegrees);
+        struct Angle
+        {
+            double degrees = 0.0;
+            double sine = 0.0;
+            double cosine = 1.0;
+        };
+        std::array<Angle, 3> recent;
+        // Makes newDegrees the latest angle.
+        const Angle& update(double newDegrees);
     };
 
-    Matrix3 matrixFor(const Trig& psi, const Trig& theta, const Trig& alpha) const;
+    static Matrix3 matrixFor(const Trig::Angle& psi, const Trig::Angle& theta, const Trig::Angle& alpha);
 
     Vector3 m_position{};
     std::array<double, 3> m_angles{}; // Psi, Theta, Alpha
@@ -82,6 +90,11 @@ private:
     Vector3 m_origin{};
 
     mutable std::array<Trig, 3> m_trig; // of m_angles
+    // The matrix last made, and the angles it was made of: a rotation starts from the matrix the rotation
+    // before it ended with.
+    mutable Matrix3 m_matrix{};
+    mutable std::array<double, 3> m_matrixAngles{};
+    mutable bool m_matrixMade = false;
 };
 
 } // namespace vantix::host::detail
