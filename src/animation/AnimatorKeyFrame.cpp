@@ -47,14 +47,13 @@ View RemainingChange(const View& current, const View& target)
 
 // Moves the host's view by step: the turn with the host's rotation, then the translation and width on top
 // of where the turn has put the viewer. Angles are not written: they are those the turn produced.
-void StepView(const View& step)
+void StepView(const View& step, ThreeDViewStyle& style)
 {
     HostLock outerLock;
     HostLock innerLock;
     DrawingSuspension suspension;
     RotateView(step.alpha(), step.psi(), step.theta());
     const View turned = GetCurrentView();
-    ThreeDViewStyle style;
     style.setViewerPosition(turned.x() + step.x(), turned.y() + step.y(), turned.z() + step.z());
     style.setWidthKeepingProjection(turned.width() + step.width());
 }
@@ -86,6 +85,7 @@ void AnimatorKeyFrame::buildViewList(const std::vector<View>& views,
 
     // One step per computed view; the key views take none, so the line ends short of 100 percent.
     Status status("Creating interpolated views....", Status::AllowCancel, numTotalFrames());
+    ThreeDViewStyle style; // looked up once for every view computed
 
     for (std::size_t i = 0; i + 1 < views.size(); ++i)
     {
@@ -101,12 +101,12 @@ void AnimatorKeyFrame::buildViewList(const std::vector<View>& views,
         View current = start;
         for (std::size_t remaining = frameCount; remaining != 1; --remaining)
         {
-            current.apply();
+            current.apply(style);
             // Each step takes its share of what is still missing from the view actually reached, so that
             // the host's rounding does not pile up and the segment ends on the target.
             const View step = RemainingChange(current, target) / static_cast<double>(remaining);
-            current.apply();
-            StepView(step);
+            current.apply(style);
+            StepView(step, style);
             current = GetCurrentView();
             m_views.push_back(current);
 

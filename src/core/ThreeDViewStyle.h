@@ -5,8 +5,10 @@
 namespace vantix::vtxutiltools
 {
 
-// The host's "ThreeDView" style values that make up a view, opened for the lifetime of the object. The
-// results of the individual writes are not examined: a refused write leaves that part of the view as it was.
+// The host's "ThreeDView" style values that make up a view. The identifiers of the settings are looked up
+// once, when the object is made, and belong to the host's style settings of that moment: make one for a
+// piece of work (applying a view, computing an animation's views) rather than keeping one. The results of
+// the individual writes are not examined: a refused write leaves that part of the view as it was.
 class ThreeDViewStyle
 {
 public:
@@ -25,7 +27,17 @@ public:
     void setWidthKeepingProjection(double width);
 
 private:
+    using SettingIDs = vantix::toolbox::StyleValue::MacroIDs;
+
     vantix::toolbox::StyleValue m_style;
+    const SettingIDs m_psi;
+    const SettingIDs m_theta;
+    const SettingIDs m_alpha;
+    const SettingIDs m_x;
+    const SettingIDs m_y;
+    const SettingIDs m_z;
+    const SettingIDs m_width;
+    const SettingIDs m_perspective;
 };
 
 } // namespace vantix::vtxutiltools

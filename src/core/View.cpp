@@ -42,12 +42,17 @@ void View::storeCurrentView()
 
 void View::apply() const
 {
+    ThreeDViewStyle style;
+    apply(style);
+}
+
+void View::apply(ThreeDViewStyle& style) const
+{
     // The lock is taken twice on purpose: the caller may hold it or not, and the view must be changed as
     // one piece either way, with nothing drawn in between.
     HostLock outerLock;
     HostLock innerLock;
     DrawingSuspension suspension;
-    ThreeDViewStyle style;
     style.setAngles(m_psi, m_theta, m_alpha);
     style.setViewerPosition(m_x, m_y, m_z);
     style.setWidthKeepingProjection(m_width);

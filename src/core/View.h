@@ -5,6 +5,8 @@
 namespace vantix::vtxutiltools
 {
 
+class ThreeDViewStyle;
+
 // One 3D view of the host's active frame: the viewer position (model units), the view angles Psi, Theta and
 // Alpha (degrees) and the width of the orthographic view (model units). The field order X, Y, Z, Psi,
 // Theta, Alpha, Width is the order of the seven-value constructor, of displayString and of the key frame
@@ -40,6 +42,8 @@ public:
     // Makes this the host's current view. Takes the host lock itself and suspends drawing meanwhile; a
     // frame in perspective stays in perspective, and the width is written as the orthographic width.
     void apply() const;
+    // The same through style settings looked up already, for callers that apply many views in a row.
+    void apply(ThreeDViewStyle& style) const;
 
     // "X=1.00 Y=-2.50 Z=3.00 Psi=10.00 Theta=20.00 Alpha=0.00 Width=1.25": a diagnostic text.
     std::string displayString() const;
