@@ -121,13 +121,13 @@ void View3D::rotate(Axis axis, double degrees, const Vector3& pivot)
 {
     const Matrix3 before = matrix();
     setAngle(axis, angle(axis) + degrees);
-    const Matrix3 after = matrix();
+    const Matrix3& after = matrix();
     const Vector3 eye = Multiply(before, Subtract(m_position, pivot));
     const Vector3 moved = MultiplyTransposed(after, eye);
     m_position = {pivot[0] + moved[0], pivot[1] + moved[1], pivot[2] + moved[2]};
 }
 
-Matrix3 View3D::matrix() const
+const Matrix3& View3D::matrix() const
 {
     if (m_matrixMade && SameBits(m_angles[0], m_matrixAngles[0]) &&
         SameBits(m_angles[1], m_matrixAngles[1]) && SameBits(m_angles[2], m_matrixAngles[2]))
@@ -160,7 +160,7 @@ Matrix3 View3D::matrixFor(const Trig::Angle& psi, const Trig::Angle& theta, cons
 
 Vector3 View3D::towardsViewer() const
 {
-    const Matrix3 m = matrix();
+    const Matrix3& m = matrix();
     return {m[6], m[7], m[8]};
 }
 

@@ -57,7 +57,8 @@ public:
     // P' = pivot + M'^T * M * (P - pivot).
     void rotate(Axis axis, double degrees, const Vector3& pivot);
 
-    Matrix3 matrix() const;
+    // Kept by the view until its angles change.
+    const Matrix3& matrix() const;
     // The eye's z axis (towards the viewer) in model coordinates.
     Vector3 towardsViewer() const;
 
