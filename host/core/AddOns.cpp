@@ -2,8 +2,6 @@
 
 #include "events/ProtocolErrors.h"
 
-#include <algorithm>
-
 namespace vantix::host::detail
 {
 
@@ -20,8 +18,11 @@ AddOn_pa AddOns::add(int sdkVersion, const char* name, const char* version, cons
 
 bool AddOns::isRegistered(AddOn_pa addOn) const
 {
-    return std::any_of(m_addOns.begin(), m_addOns.end(),
-                       [addOn](const auto& known) { return known.get() == addOn; });
+    // A plain loop: there are few add-ons, and every lock start and finish asks.
+    for (const auto& known : m_addOns)
+        if (known.get() == addOn)
+            return true;
+    return false;
 }
 
 void AddOns::lockStart(AddOn_pa addOn)
