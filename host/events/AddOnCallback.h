@@ -7,12 +7,14 @@
 
 #include <exception>
 #include <string>
+#include <string_view>
 
 namespace vantix::host::detail
 {
 
+// what names the callback in the report; it is read only when there is something to report.
 template <typename Result, typename Function>
-Result CallAddOn(const std::string& what, Result fallback, Function&& function)
+Result CallAddOn(std::string_view what, Result fallback, Function&& function)
 {
     try
     {
@@ -20,17 +22,17 @@ Result CallAddOn(const std::string& what, Result fallback, Function&& function)
     }
     catch (const std::exception& error)
     {
-        ReportProtocolError(what + " let an exception out: " + error.what());
+        ReportProtocolError(std::string(what) + " let an exception out: " + error.what());
     }
     catch (...)
     {
-        ReportProtocolError(what + " let an exception out");
+        ReportProtocolError(std::string(what) + " let an exception out");
     }
     return fallback;
 }
 
 template <typename Function>
-void CallAddOn(const std::string& what, Function&& function)
+void CallAddOn(std::string_view what, Function&& function)
 {
     CallAddOn(what, true,
               [&function]
