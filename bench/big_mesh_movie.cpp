@@ -108,7 +108,8 @@ public:
         file << "ply\nformat binary_little_endian 1.0\ncomment a bumpy tube made by big_mesh_movie\n"
              << "element vertex " << nodes << "\nproperty float x\nproperty float y\nproperty float z\n"
              << "property float nx\nproperty float ny\nproperty float nz\n"
-             << "element face " << triangleCount() << "\nproperty list uchar int vertex_indices\nend_header\n";
+             << "element face " << triangleCount()
+             << "\nproperty list uchar int vertex_indices\nend_header\n";
         for (int ring = 0; ring <= m_along; ++ring)
             for (int step = 0; step < m_around; ++step)
             {
@@ -128,8 +129,8 @@ public:
             for (int step = 0; step < m_around; ++step)
             {
                 const auto node = [&](int r, int k) { return std::int32_t(r * m_around + (k % m_around)); };
-                const std::int32_t a = node(ring, step), b = node(ring, step + 1), c = node(ring + 1, step + 1),
-                                   d = node(ring + 1, step);
+                const std::int32_t a = node(ring, step), b = node(ring, step + 1),
+                                   c = node(ring + 1, step + 1), d = node(ring + 1, step);
                 writeTriangle(file, a, b, c);
                 writeTriangle(file, a, c, d);
             }
@@ -182,9 +183,9 @@ std::string Turn()
 
 std::string MovieMacro(const fs::path& mesh, const std::string& format, const fs::path& movie, int frames)
 {
-    std::string macro = MacroStart(mesh) + "$!EXPORTSETUP ExportFormat = " +
-                        (format == "mp4" ? "MPEG4" : "AVI") + "\n$!EXPORTSETUP ExportFName = \"" +
-                        movie.string() + "\"\n$!EXPORTSTART\n";
+    std::string macro = MacroStart(mesh) +
+                        "$!EXPORTSETUP ExportFormat = " + (format == "mp4" ? "MPEG4" : "AVI") +
+                        "\n$!EXPORTSETUP ExportFName = \"" + movie.string() + "\"\n$!EXPORTSTART\n";
     for (int frame = 1; frame < frames; ++frame)
         macro += Turn() + "$!EXPORTNEXTFRAME\n";
     return macro + "$!EXPORTFINISH\n";
