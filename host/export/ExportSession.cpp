@@ -46,8 +46,15 @@ PendingPicture DrawExportImage(const ExportSettings& settings, int width, int he
 
 ExportSession::~ExportSession()
 {
-    if (drawn)
-        DropPendingPicture(*drawn);
+    try
+    {
+        if (drawn)
+            DropPendingPicture(*drawn);
+    }
+    catch (...)
+    {
+        // The renderer no longer holds the picture: there is nothing to let go of.
+    }
 }
 
 void ExportSession::drawFrame()
