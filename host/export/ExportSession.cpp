@@ -59,14 +59,10 @@ ExportSession::~ExportSession()
 
 void ExportSession::drawFrame()
 {
-    const PendingPicture next = DrawExportImage(settings, width, height);
-    if (drawn)
-    {
-        const PendingPicture previous = *std::exchange(drawn, next);
-        writer->write(ReadPendingPicture(previous));
-    }
-    else
-        drawn = next;
+    const std::optional<PendingPicture> previous =
+        std::exchange(drawn, DrawExportImage(settings, width, height));
+    if (previous)
+        writer->write(ReadPendingPicture(*previous));
     ++frames;
 }
 

@@ -1,6 +1,7 @@
 #include "export/ExportSetup.h"
 
 #include "core/Application.h"
+#include "core/SameName.h"
 #include "render/Render.h"
 
 #include <algorithm>
@@ -8,7 +9,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <map>
-#include <strings.h>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -80,15 +80,10 @@ const std::vector<SettingInfo> Settings = {
     {"ExportFName", ValueKind::Text, nullptr, 0, 0},
 };
 
-bool SameText(const std::string& a, const char* b)
-{
-    return ::strcasecmp(a.c_str(), b) == 0;
-}
-
 const SettingInfo* FindSetting(const std::string& name)
 {
     for (const SettingInfo& setting : Settings)
-        if (SameText(name, setting.name))
+        if (SameName(name, setting.name))
             return &setting;
     return nullptr;
 }
@@ -292,7 +287,7 @@ SetValueReturnCode_e SetExportValueFromText(const std::string& name, const std::
     {
     case ValueKind::Enumeration:
         for (const Keyword& keyword : *info->keywords)
-            if (SameText(value, keyword.text))
+            if (SameName(value, keyword.text))
                 return Write(*info, keyword.value, why);
         return refuse("a keyword");
     case ValueKind::Integer:
@@ -312,9 +307,9 @@ SetValueReturnCode_e SetExportValueFromText(const std::string& name, const std::
         return Write(*info, number, why);
     }
     case ValueKind::Boolean:
-        if (SameText(value, "true") || value == "1")
+        if (SameName(value, "true") || value == "1")
             return Write(*info, true, why);
-        if (SameText(value, "false") || value == "0")
+        if (SameName(value, "false") || value == "0")
             return Write(*info, false, why);
         return refuse("true or false");
     case ValueKind::Text:

@@ -66,11 +66,9 @@ int OffscreenRenderer::freeTarget() const
 Image OffscreenRenderer::render(int width, int height, const std::vector<FrameSlot>& frames,
                                 const SceneStyle& style, int supersample)
 {
-    const int target = freeTarget();
-    const int factor = draw(target, width, height, frames, style, supersample);
+    const PendingPicture picture = drawPending(width, height, frames, style, supersample);
     glFinish();
-    Image image = m_targets[target].read();
-    return factor > 1 ? BoxFilter(image, factor) : image;
+    return readPending(picture);
 }
 
 PendingPicture OffscreenRenderer::drawPending(int width, int height, const std::vector<FrameSlot>& frames,
@@ -80,7 +78,7 @@ PendingPicture OffscreenRenderer::drawPending(int width, int height, const std::
     const int factor = draw(target, width, height, frames, style, supersample);
     glFlush(); // the rasteriser starts on the last part now
     m_pending[target] = ++m_drawings;
-    return {target, m_drawings, width, height, factor};
+    return {target, m_drawings, factor};
 }
 
 void OffscreenRenderer::checkPending(const PendingPicture& picture) const

@@ -33,7 +33,7 @@ struct PendingPicture
 {
     int target = -1;  // the renderer's render target that holds it; -1: none
     long drawing = 0; // the renderer's count of pictures drawn when it was
-    int width = 0, height = 0, factor = 1;
+    int factor = 1;   // the supersample factor it was drawn at
 };
 
 // Draws a region as RenderRegion does but leaves the picture in the renderer, to be read by
