@@ -51,9 +51,9 @@ MacroResult runMacroText(const std::string& text, const std::string& name, const
     return detail::MacroRunner(name, folder).run(lines);
 }
 
-std::string quotedMacroText(const std::string& text)
+std::string quotedMacroText(const std::string& text, char quote)
 {
-    return detail::QuoteMacroText(text, '"');
+    return detail::QuoteMacroText(text, quote);
 }
 
 std::string macroNumber(double value)

@@ -28,12 +28,18 @@ void AttachDataSet(Frame& frame, std::shared_ptr<DataSet> dataSet)
 {
     const bool replacing = frame.dataSet != nullptr;
     frame.solutionTime = dataSet->earliestSolutionTime();
-    FitView(frame.view, dataSet->bounds, frame.height > 0.0 ? frame.width / frame.height : 1.0);
     frame.dataSet = std::move(dataSet);
+    FitFrameView(frame);
     if (replacing)
         RaiseStateChange(StateChange_DataSetReset);
     RaiseStateChange(StateChange_ZonesAdded);
     RaiseStateChange(StateChange_DataSetLoaded);
+}
+
+void FitFrameView(Frame& frame)
+{
+    if (frame.dataSet)
+        FitView(frame.view, frame.dataSet->bounds, frame.height > 0.0 ? frame.width / frame.height : 1.0);
 }
 
 void FitView(View3D& view, const Bounds& bounds, double aspect)

@@ -20,5 +20,7 @@ void AttachDataSet(Frame& frame, std::shared_ptr<DataSet> dataSet);
 // margin; and puts the viewer on the view axis through the centre, far enough back that in perspective
 // the width is seen at the origin's depth and the viewer stays outside the box.
 void FitView(View3D& view, const Bounds& bounds, double aspect);
+// FitView of the frame's view to its data set at the frame's aspect; nothing without a data set.
+void FitFrameView(Frame& frame);
 
 } // namespace vantix::host::detail

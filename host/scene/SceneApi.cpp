@@ -105,6 +105,15 @@ void loadDataFile(const std::string& path)
         std::fprintf(stderr, "vantix: note: %s\n", mesh.note.c_str());
 }
 
+void fitView()
+{
+    detail::Frame& frame = App().page().requireActiveFrame();
+    if (!frame.dataSet)
+        throw std::logic_error("the active frame has no data set");
+    detail::FitFrameView(frame);
+    detail::RaiseStateChange(StateChange_View3D);
+}
+
 void loadDataSet(const std::string& name, const std::vector<ZoneData>& zones)
 {
     std::vector<detail::Zone> converted;

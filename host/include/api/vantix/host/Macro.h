@@ -39,9 +39,9 @@ MacroResult runMacroFile(const std::string& path);
 // from folder.
 MacroResult runMacroText(const std::string& text, const std::string& name, const std::string& folder = ".");
 
-// Pieces of macro lines, for a program that writes its own: a text in double quotes, escaped so that it
-// reads back the same, and the shortest decimal that reads back as exactly the same number.
-std::string quotedMacroText(const std::string& text);
+// Pieces of macro lines, for a program that writes its own: a text between quote marks (" or '), escaped
+// so that it reads back the same, and the shortest decimal that reads back as exactly the same number.
+std::string quotedMacroText(const std::string& text, char quote = '"');
 std::string macroNumber(double value);
 
 // The recorded macro (Host.h: setMacroRecording, recordedMacroLines) as the text of a macro file.

@@ -28,6 +28,9 @@ void loadDemoDataSet();
 // on standard error, and the view fits the rest. Throws std::runtime_error with a message that names the
 // file and the reason when it cannot be read or nothing drawable is left.
 void loadDataFile(const std::string& path);
+// Fits the active frame's view to its data set as loading does, at the view's present angles. Throws
+// std::logic_error when the active frame has no data set.
+void fitView();
 
 using Point3 = std::array<double, 3>;
 
