@@ -3,6 +3,7 @@
 // the movies of the example macros.
 #include "support/Ffprobe.h"
 #include "support/TempFolder.h"
+#include "support/VantixProgram.h"
 
 #include <gmock/gmock.h>
 
@@ -21,64 +22,19 @@ namespace
 namespace fs = std::filesystem;
 using ::testing::HasSubstr;
 using ::testing::Pair;
+using testsupport::Outcome;
 using testsupport::ReadFile;
-
-struct Outcome
-{
-    int exitStatus = -1; // the negative signal number when the program was killed
-    std::string out, err;
-};
 
 class ProgramTest : public ::testing::Test
 {
 protected:
     std::string Path(const std::string& name) const { return (m_folder.path() / name).string(); }
 
-    // Runs the program with arguments until it ends, standard output going to a file and standard error to a
-    // pipe, or to a pseudo terminal when errToTerminal is set. The signal is sent once standard error holds
-    // interruptOnceErrHas.
     Outcome RunVantix(std::vector<std::string> arguments, bool errToTerminal = false,
                       const std::string& interruptOnceErrHas = "", int signal = SIGINT) const
     {
-        const int out = open(Path("stdout").c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-        int err[2];
-        termios raw{};
-        cfmakeraw(&raw); // no line-end translation: the test sees exactly what the program writes
-        if (out < 0 || (errToTerminal ? openpty(&err[0], &err[1], nullptr, &raw, nullptr) : pipe(err)) != 0)
-            throw std::runtime_error("no file, pipe or pseudo terminal for the program's output");
-        std::vector<char*> argv = {const_cast<char*>(VANTIX_PROGRAM_PATH)};
-        for (std::string& argument : arguments)
-            argv.push_back(argument.data());
-        argv.push_back(nullptr);
-        const pid_t child = fork();
-        if (child == 0)
-        {
-            dup2(out, STDOUT_FILENO);
-            dup2(err[1], STDERR_FILENO);
-            for (const char* display : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
-                unsetenv(display); // without a macro the program would open its desktop
-            execv(argv[0], argv.data());
-            _exit(127);
-        }
-        close(out);
-        close(err[1]);
-
-        Outcome outcome;
-        bool interrupt = !interruptOnceErrHas.empty();
-        char buffer[4096];
-        // Until the end, or EIO once a terminal's other side is closed.
-        for (ssize_t read; (read = ::read(err[0], buffer, sizeof buffer)) > 0;)
-        {
-            outcome.err.append(buffer, static_cast<std::size_t>(read));
-            if (interrupt && outcome.err.find(interruptOnceErrHas) != std::string::npos)
-                interrupt = kill(child, signal) != 0; // only once
-        }
-        close(err[0]);
-        int status = 0;
-        waitpid(child, &status, 0);
-        outcome.exitStatus = WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
-        outcome.out = ReadFile(Path("stdout"));
-        return outcome;
+        return testsupport::RunVantix(m_folder.path(), std::move(arguments), errToTerminal,
+                                      interruptOnceErrHas, signal);
     }
 
     // A macro file with the header and lines, in the test's folder.
