@@ -1,5 +1,12 @@
 #include "app/CommandLine.h"
 
+#include <vantix/host/Macro.h>
+
+#include <cerrno>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+
 namespace vantix::host::detail
 {
 
@@ -44,6 +51,8 @@ std::string HelpText(const std::string& defaultAddOnPath)
 {
     return "Usage: vantix [options] [MACRO]\n"
            "       vantix [options] --desktop MACRO\n"
+           "       vantix movie DATA KEYFRAMES -o OUT [options]     (vantix movie --help)\n"
+           "       vantix keyframes DATA -o FILE [options]          (vantix keyframes --help)\n"
            "\n"
            "vantix is the Vantix host: it loads add-on modules, then either replays the macro file MACRO in\n"
            "batch and exits (running its commands one after the other, stopping at the first that fails),\n"
@@ -52,6 +61,10 @@ std::string HelpText(const std::string& defaultAddOnPath)
            "turns\n"
            "the active frame's view, the wheel zooms, a drag with Shift or the middle button pans.\n"
            "The desktop needs a display ($DISPLAY, or a Qt platform in $QT_QPA_PLATFORM).\n"
+           "\n"
+           "vantix movie makes a key frame movie of a data set in one command, and vantix keyframes writes\n"
+           "a key frame file that flies once around a data set, to start from; a macro file named movie or\n"
+           "keyframes is replayed as ./movie.\n"
            "\n"
            "Options:\n"
            "  --addon PATH         also load the add-on module PATH (a shared library exporting\n"
@@ -79,6 +92,32 @@ std::string HelpText(const std::string& defaultAddOnPath)
            "standard error) or the macro ended with an export still open; 2 for bad usage, or a macro\n"
            "file, add-on module or record file that cannot be read or written; 128 plus the signal's\n"
            "number when a signal stopped the replay (130 SIGINT, 143 SIGTERM, 129 SIGHUP).\n";
+}
+
+int WholeNumberOption(const std::string& option, const std::string& text, int lowest, int highest)
+{
+    errno = 0;
+    char* end = nullptr;
+    const long value = std::strtol(text.c_str(), &end, 10);
+    if (text.empty() || *end != '\0' || errno == ERANGE || value < lowest || value > highest)
+        throw UsageError(option + " must be a whole number from " + std::to_string(lowest) + " to " +
+                         std::to_string(highest) + ", not '" + text + "'");
+    return static_cast<int>(value);
+}
+
+double NumberOption(const std::string& option, const std::string& text, double lowest, double highest)
+{
+    char* end = nullptr;
+    const double value = std::strtod(text.c_str(), &end);
+    if (text.empty() || *end != '\0' || !std::isfinite(value) || value < lowest || value > highest)
+        throw UsageError(option + " must be a number from " + macroNumber(lowest) + " to " +
+                         macroNumber(highest) + ", not '" + text + "'");
+    return value;
+}
+
+void PrintError(const std::string& program, const std::string& message)
+{
+    std::fprintf(stderr, "%s: %s\n", program.c_str(), message.c_str());
 }
 
 } // namespace vantix::host::detail

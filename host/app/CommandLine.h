@@ -33,4 +33,12 @@ ProgramOptions ParseCommandLine(const std::vector<std::string>& arguments);
 // The text of --help; defaultAddOnPath is the module loaded unless --no-default-addon is given.
 std::string HelpText(const std::string& defaultAddOnPath);
 
+// The value of a numeric option, within lowest and highest; throws UsageError naming the option and the
+// range, e.g. "--width must be a whole number from 2 to 16384, not 'wide'".
+int WholeNumberOption(const std::string& option, const std::string& text, int lowest, int highest);
+double NumberOption(const std::string& option, const std::string& text, double lowest, double highest);
+
+// One line on standard error: "<program>: <message>".
+void PrintError(const std::string& program, const std::string& message);
+
 } // namespace vantix::host::detail

@@ -2,6 +2,8 @@
 
 #include "app/CommandLine.h"
 #include "app/InterruptHandler.h"
+#include "app/KeyFramesCommand.h"
+#include "app/MovieCommand.h"
 #include "app/ProgressDisplay.h"
 #include "desktop/Desktop.h"
 
@@ -14,7 +16,6 @@
 #include <filesystem>
 #include <optional>
 #include <stdexcept>
-#include <unistd.h>
 
 namespace vantix::host::detail
 {
@@ -35,24 +36,8 @@ std::string DefaultAddOnPath()
 
 void Error(const std::string& message)
 {
-    std::fprintf(stderr, "vantix: %s\n", message.c_str());
+    PrintError("vantix", message);
 }
-
-// The status line shown on standard error for as long as the program runs a macro.
-class StatusDisplayScope
-{
-public:
-    StatusDisplayScope() : m_display(stderr, ::isatty(STDERR_FILENO) == 1)
-    {
-        setStatusObserver([this](const StatusEvent& event) { m_display.show(event); });
-    }
-    StatusDisplayScope(const StatusDisplayScope&) = delete;
-    StatusDisplayScope& operator=(const StatusDisplayScope&) = delete;
-    ~StatusDisplayScope() { setStatusObserver(nullptr); }
-
-private:
-    ProgressDisplay m_display;
-};
 
 // Writes what was recorded. A replay that ran nothing (a macro file that cannot be read, or is not one)
 // leaves an earlier recording at the path as it was.
@@ -111,6 +96,12 @@ int Concluded(const std::string& macroPath, const MacroResult& result,
 
 int RunProgram(const std::vector<std::string>& arguments)
 {
+    if (!arguments.empty() && (arguments[0] == "movie" || arguments[0] == "keyframes"))
+    {
+        const std::vector<std::string> commandArguments(arguments.begin() + 1, arguments.end());
+        return arguments[0] == "movie" ? RunMovieCommand(commandArguments, DefaultAddOnPath())
+                                       : RunKeyFramesCommand(commandArguments);
+    }
     ProgramOptions options;
     try
     {

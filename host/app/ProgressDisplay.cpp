@@ -1,6 +1,7 @@
 #include "app/ProgressDisplay.h"
 
 #include <algorithm>
+#include <unistd.h>
 
 namespace vantix::host::detail
 {
@@ -74,6 +75,16 @@ void ProgressDisplay::drawBar()
 void ProgressDisplay::printLine(const std::string& state)
 {
     std::fprintf(m_out, "%s %s\n", m_text.c_str(), state.c_str());
+}
+
+StatusDisplayScope::StatusDisplayScope() : m_display(stderr, ::isatty(STDERR_FILENO) == 1)
+{
+    setStatusObserver([this](const StatusEvent& event) { m_display.show(event); });
+}
+
+StatusDisplayScope::~StatusDisplayScope()
+{
+    setStatusObserver(nullptr);
 }
 
 } // namespace vantix::host::detail

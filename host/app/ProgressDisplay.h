@@ -31,4 +31,17 @@ private:
     bool m_barShown = false; // terminal: a bar stands on the current line
 };
 
+// The status line shown on standard error for as long as one lives.
+class StatusDisplayScope
+{
+public:
+    StatusDisplayScope();
+    StatusDisplayScope(const StatusDisplayScope&) = delete;
+    StatusDisplayScope& operator=(const StatusDisplayScope&) = delete;
+    ~StatusDisplayScope();
+
+private:
+    ProgressDisplay m_display;
+};
+
 } // namespace vantix::host::detail

@@ -67,7 +67,8 @@ TEST_F(ProgramTest, HelpDocumentsEveryOption)
     // The default module is the key frame module beside the program.
     for (const std::string text :
          {"Usage: vantix [options] [MACRO]", "--desktop MACRO", "--addon PATH", "--no-default-addon",
-          "--record FILE", "--help", "Ctrl-C", "Exit status", "opens the desktop", KEYFRAME_MODULE_PATH})
+          "--record FILE", "--help", "Ctrl-C", "Exit status", "opens the desktop", KEYFRAME_MODULE_PATH,
+          "vantix movie DATA KEYFRAMES", "vantix keyframes DATA"})
         EXPECT_THAT(outcome.out, HasSubstr(fs::path(text).lexically_normal().string()));
 }
 

@@ -64,4 +64,20 @@ inline std::vector<int> FrameBrightness(const std::filesystem::path& file)
     return brightness;
 }
 
+// Every frame of a movie decoded by the ffmpeg program, as RGB bytes of width x height pixels each; none
+// when ffmpeg cannot read the file.
+inline std::vector<std::vector<unsigned char>> DecodedFrames(const std::filesystem::path& file, int width,
+                                                             int height)
+{
+    std::vector<std::vector<unsigned char>> frames;
+    std::unique_ptr<FILE, int (*)(FILE*)> pipe(
+        popen(("ffmpeg -v error -i '" + file.string() + "' -f rawvideo -pix_fmt rgb24 - 2>/dev/null").c_str(),
+              "r"),
+        pclose);
+    std::vector<unsigned char> frame(static_cast<std::size_t>(width) * height * 3);
+    while (pipe && !frame.empty() && std::fread(frame.data(), 1, frame.size(), pipe.get()) == frame.size())
+        frames.push_back(frame);
+    return frames;
+}
+
 } // namespace testsupport
