@@ -10,30 +10,38 @@
 namespace vantix::host::detail
 {
 
+const std::string& ArgumentWalk::value()
+{
+    if (m_next == m_arguments.size())
+        throw UsageError("option " + argument() + " needs a value");
+    const std::string& value = m_arguments[m_next];
+    ++m_next;
+    return value;
+}
+
+void ArgumentWalk::refuseOption() const
+{
+    throw UsageError("unknown option " + argument());
+}
+
 ProgramOptions ParseCommandLine(const std::vector<std::string>& arguments)
 {
     ProgramOptions options;
-    for (std::size_t i = 0; i < arguments.size(); ++i)
+    for (ArgumentWalk walk(arguments); walk.next();)
     {
-        const std::string& argument = arguments[i];
-        const auto value = [&]() -> const std::string&
-        {
-            if (i + 1 == arguments.size())
-                throw UsageError("option " + argument + " needs a value");
-            return arguments[++i];
-        };
+        const std::string& argument = walk.argument();
         if (argument == "--help")
             options.help = true;
         else if (argument == "--no-default-addon")
             options.defaultAddOn = false;
         else if (argument == "--addon")
-            options.addOns.push_back(value());
+            options.addOns.push_back(walk.value());
         else if (argument == "--desktop")
             options.desktop = true;
         else if (argument == "--record")
-            options.recordPath = value();
-        else if (argument.size() > 1 && argument[0] == '-')
-            throw UsageError("unknown option " + argument);
+            options.recordPath = walk.value();
+        else if (walk.isOption())
+            walk.refuseOption();
         else if (!options.macroPath.empty())
             throw UsageError("more than one macro file given: " + options.macroPath + " and " + argument);
         else

@@ -26,6 +26,27 @@ public:
     explicit UsageError(const std::string& message) : std::runtime_error(message) {}
 };
 
+// Walks a command line, one argument after the other; an option that takes a value takes the next one.
+class ArgumentWalk
+{
+public:
+    explicit ArgumentWalk(const std::vector<std::string>& arguments) : m_arguments(arguments) {}
+
+    // Moves to the next argument; false past the last.
+    bool next() { return ++m_next <= m_arguments.size(); }
+    const std::string& argument() const { return m_arguments[m_next - 1]; }
+    // Whether the argument is an option ("-" alone is a name, standard input or output).
+    bool isOption() const { return argument().size() > 1 && argument()[0] == '-'; }
+    // The value of the option just read. Throws UsageError "option <argument> needs a value" at the end.
+    const std::string& value();
+    // Throws UsageError "unknown option <argument>".
+    [[noreturn]] void refuseOption() const;
+
+private:
+    const std::vector<std::string>& m_arguments;
+    std::size_t m_next = 0; // the index after the current argument
+};
+
 // Throws UsageError for an unknown option, an option without its value, more than one macro file, or
 // options that do not go together.
 ProgramOptions ParseCommandLine(const std::vector<std::string>& arguments);

@@ -41,27 +41,21 @@ KeyFramesOptions ParseKeyFramesCommand(const std::vector<std::string>& arguments
 {
     KeyFramesOptions options;
     std::vector<std::string> files;
-    for (std::size_t i = 0; i < arguments.size(); ++i)
+    for (ArgumentWalk walk(arguments); walk.next();)
     {
-        const std::string& argument = arguments[i];
-        const auto value = [&]() -> const std::string&
-        {
-            if (i + 1 == arguments.size())
-                throw UsageError("option " + argument + " needs a value");
-            return arguments[++i];
-        };
+        const std::string& argument = walk.argument();
         if (argument == "--help")
             options.help = true;
         else if (argument == "-o")
-            options.out = value();
+            options.out = walk.value();
         else if (argument == "--views")
-            options.views = WholeNumberOption(argument, value(), 3, 360);
+            options.views = WholeNumberOption(argument, walk.value(), 3, 360);
         else if (argument == "--frames")
-            options.frames = WholeNumberOption(argument, value(), 1, 100000);
+            options.frames = WholeNumberOption(argument, walk.value(), 1, 100000);
         else if (argument == "--elevation")
-            options.elevation = NumberOption(argument, value(), -90.0, 90.0);
-        else if (argument.size() > 1 && argument[0] == '-')
-            throw UsageError("unknown option " + argument);
+            options.elevation = NumberOption(argument, walk.value(), -90.0, 90.0);
+        else if (walk.isOption())
+            walk.refuseOption();
         else
             files.push_back(argument);
     }

@@ -133,30 +133,24 @@ MovieOptions ParseMovieCommand(const std::vector<std::string>& arguments)
     MovieOptions options;
     std::vector<std::string> files;
     std::optional<std::string> format;
-    for (std::size_t i = 0; i < arguments.size(); ++i)
+    for (ArgumentWalk walk(arguments); walk.next();)
     {
-        const std::string& argument = arguments[i];
-        const auto value = [&]() -> const std::string&
-        {
-            if (i + 1 == arguments.size())
-                throw UsageError("option " + argument + " needs a value");
-            return arguments[++i];
-        };
+        const std::string& argument = walk.argument();
         if (argument == "--help")
             options.help = true;
         else if (argument == "-o")
-            options.out = value();
+            options.out = walk.value();
         else if (argument == "--format")
-            format = value();
+            format = walk.value();
         else if (argument == "--width")
-            options.width = WholeNumberOption(argument, value(), 2, 16384);
+            options.width = WholeNumberOption(argument, walk.value(), 2, 16384);
         else if (argument == "--fps")
-            options.fps = NumberOption(argument, value(), 0.001, 200.0);
+            options.fps = NumberOption(argument, walk.value(), 0.001, 200.0);
         else if (argument == "--antialias")
-            options.antialias = WholeNumberOption(argument, value(), 1, 16);
+            options.antialias = WholeNumberOption(argument, walk.value(), 1, 16);
         else if (argument == "--region")
         {
-            const std::string& region = value();
+            const std::string& region = walk.value();
             const char* keyword = KeywordOf(Regions, region);
             if (!keyword)
                 throw UsageError("unknown region '" + region +
@@ -165,8 +159,8 @@ MovieOptions ParseMovieCommand(const std::vector<std::string>& arguments)
         }
         else if (argument == "--print-macro")
             options.printMacro = true;
-        else if (argument.size() > 1 && argument[0] == '-')
-            throw UsageError("unknown option " + argument);
+        else if (walk.isOption())
+            walk.refuseOption();
         else
             files.push_back(argument);
     }
