@@ -55,10 +55,7 @@ const char* KeywordOf(const Choice (&choices)[N], const std::string& word)
     return nullptr;
 }
 
-std::string FormatWords()
-{
-    return "mp4, avi, flv, swf, wmv or rm";
-}
+constexpr const char* FormatWords = "mp4, avi, flv, swf, wmv or rm";
 
 std::string ExportSetup(const std::string& name, const std::string& value)
 {
@@ -176,7 +173,7 @@ MovieOptions ParseMovieCommand(const std::vector<std::string>& arguments)
     {
         const char* keyword = KeywordOf(Formats, *format);
         if (!keyword)
-            throw UsageError("unknown format '" + *format + "'; the formats are " + FormatWords());
+            throw UsageError("unknown format '" + *format + "'; the formats are " + FormatWords);
         options.format = keyword;
     }
     else
@@ -185,7 +182,7 @@ MovieOptions ParseMovieCommand(const std::vector<std::string>& arguments)
         const char* keyword = extension.empty() ? nullptr : KeywordOf(Formats, extension.substr(1));
         if (!keyword)
             throw UsageError("cannot tell the format from the name '" + options.out + "'; end it in ." +
-                             "mp4, .avi, .flv, .swf, .wmv or .rm, or give --format " + FormatWords());
+                             "mp4, .avi, .flv, .swf, .wmv or .rm, or give --format " + FormatWords);
         options.format = keyword;
     }
     return options;

@@ -1,11 +1,11 @@
 #include "app/Program.h"
 
 #include "app/CommandLine.h"
+#include "app/DesktopLoader.h"
 #include "app/InterruptHandler.h"
 #include "app/KeyFramesCommand.h"
 #include "app/MovieCommand.h"
 #include "app/ProgressDisplay.h"
-#include "desktop/Desktop.h"
 
 #include <vantix/host/Export.h>
 #include <vantix/host/Host.h>
@@ -23,15 +23,20 @@ namespace vantix::host::detail
 namespace
 {
 
-// The key frame module, from the library folder beside the program's own folder (bin/../lib), wherever
-// the program was started from.
-std::string DefaultAddOnPath()
+// A module in the library folder beside the program's own folder (bin/../lib), wherever the program was
+// started from: the key frame module, the desktop.
+std::string ModulePath(const std::string& fileName)
 {
     std::error_code error;
     const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
     if (error)
-        return "../lib/libkeyframe.so";
-    return (program.parent_path() / ".." / "lib" / "libkeyframe.so").lexically_normal().string();
+        return "../lib/" + fileName;
+    return (program.parent_path() / ".." / "lib" / fileName).lexically_normal().string();
+}
+
+std::string DefaultAddOnPath()
+{
+    return ModulePath("libkeyframe.so");
 }
 
 void Error(const std::string& message)
@@ -118,13 +123,24 @@ int RunProgram(const std::vector<std::string>& arguments)
         std::fputs(HelpText(defaultAddOn).c_str(), stdout);
         return ExitSuccess;
     }
-    const bool desktop = options.desktop || options.macroPath.empty();
-    if (desktop)
-        if (const std::string why = desktop::DesktopUnavailableReason(); !why.empty())
+    std::optional<DesktopLoader> desktop;
+    if (options.desktop || options.macroPath.empty())
+    {
+        try
+        {
+            desktop.emplace(ModulePath("libvtxdesktop.so"));
+        }
+        catch (const std::exception& error)
+        {
+            Error(error.what());
+            return ExitUsage;
+        }
+        if (const std::string why = desktop->unavailableReason(); !why.empty())
         {
             Error(why + " (see vantix --help)");
             return ExitUsage;
         }
+    }
 
     const InterruptHandler interrupts;
     // The page the user finds on starting the program: one empty 3D frame.
@@ -143,7 +159,7 @@ int RunProgram(const std::vector<std::string>& arguments)
     }
 
     if (desktop)
-        return desktop::RunDesktop(options.macroPath);
+        return desktop->run(options.macroPath);
     const StatusDisplayScope statusDisplay;
 
     // Neither the recording nor an export may replace the macro while it is replayed.

@@ -14,4 +14,13 @@ std::string DesktopUnavailableReason();
 // program's exit status.
 int RunDesktop(const std::string& macroPath);
 
+// The desktop is also built as a module of its own (libvtxdesktop.so), which the program loads only when
+// the desktop opens, so that a batch run never loads Qt. Its two entry points, in C, are the functions
+// above: the reason (an empty text when the desktop can open; the text stays valid until the next call)
+// and the run.
+inline constexpr const char* UnavailableReasonEntry = "VtxDesktopUnavailableReason";
+inline constexpr const char* RunEntry = "VtxRunDesktop";
+using UnavailableReasonFunction = const char* (*)();
+using RunFunction = int (*)(const char* macroPath);
+
 } // namespace vantix::host::desktop
