@@ -59,13 +59,13 @@ constexpr const char* FormatWords = "mp4, avi, flv, swf, wmv or rm";
 
 std::string ExportSetup(const std::string& name, const std::string& value)
 {
-    return "$!EXPORTSETUP " + name + " = " + value + "\n";
+    return "$!EXPORTSETUP " + name + " = " + value;
 }
 
 std::string AddOnCommand(const std::string& text)
 {
     return "$!ADDONCOMMAND ADDONID = " + quotedMacroText(KeyFrameAddOnID, '\'') +
-           " COMMAND = " + quotedMacroText(text, '\'') + "\n";
+           " COMMAND = " + quotedMacroText(text, '\'');
 }
 
 bool HasLineBreak(const std::string& text)
@@ -234,29 +234,20 @@ MovieMacro BuildMovieMacro(const MovieOptions& options)
                         ? "$!LOADDATA DEMO"
                         : "$!LOADDATA FILE = " + quotedMacroText(fs::absolute(options.data).string()));
     macro.dataLine = static_cast<int>(lines.size());
-    std::string setup = ExportSetup("ExportFormat", options.format) +
-                        ExportSetup("ExportRegion", options.region) +
-                        ExportSetup("ImageWidth", std::to_string(options.width)) +
-                        ExportSetup("AnimationSpeed", macroNumber(options.fps));
+    lines.push_back(ExportSetup("ExportFormat", options.format));
+    lines.push_back(ExportSetup("ExportRegion", options.region));
+    lines.push_back(ExportSetup("ImageWidth", std::to_string(options.width)));
+    lines.push_back(ExportSetup("AnimationSpeed", macroNumber(options.fps)));
+    lines.push_back(ExportSetup("UseSuperSampleAntiAliasing", options.antialias > 1 ? "true" : "false"));
     if (options.antialias > 1)
-        setup += ExportSetup("UseSuperSampleAntiAliasing", "true") +
-                 ExportSetup("SuperSampleFactor", std::to_string(options.antialias));
-    else
-        setup += ExportSetup("UseSuperSampleAntiAliasing", "false");
-    setup += ExportSetup("ExportFName", "\"" + out + "\"");
+        lines.push_back(ExportSetup("SuperSampleFactor", std::to_string(options.antialias)));
+    lines.push_back(ExportSetup("ExportFName", "\"" + out + "\""));
     // The add-on's own quoting: a value with a blank goes between quotation marks.
     const std::string fileName =
         keyFrames.find(' ') == std::string::npos ? keyFrames : "\"" + keyFrames + "\"";
-    setup += AddOnCommand("OpenSettingsFile FileName=" + fileName);
-    for (std::size_t start = 0; start < setup.size();)
-    {
-        const std::size_t end = setup.find('\n', start);
-        lines.push_back(setup.substr(start, end - start));
-        start = end + 1;
-    }
+    lines.push_back(AddOnCommand("OpenSettingsFile FileName=" + fileName));
     macro.keyFramesLine = static_cast<int>(lines.size());
     lines.push_back(AddOnCommand("Animate AnimationDestination=ToFile"));
-    lines.back().pop_back();
     macro.animateLine = static_cast<int>(lines.size());
     for (const std::string& line : lines)
         macro.text += line + "\n";

@@ -30,12 +30,17 @@ detail::Frame& FrameById(UniqueID_t id)
     throw std::invalid_argument("the page has no frame " + std::to_string(id));
 }
 
-detail::DataSet& ActiveDataSet()
+detail::Frame& ActiveFrameWithData()
 {
     detail::Frame& frame = App().page().requireActiveFrame();
     if (!frame.dataSet)
         throw std::logic_error("the active frame has no data set");
-    return *frame.dataSet;
+    return frame;
+}
+
+detail::DataSet& ActiveDataSet()
+{
+    return *ActiveFrameWithData().dataSet;
 }
 
 std::vector<float> ToFloats(const std::vector<Point3>& points)
@@ -107,10 +112,7 @@ void loadDataFile(const std::string& path)
 
 void fitView()
 {
-    detail::Frame& frame = App().page().requireActiveFrame();
-    if (!frame.dataSet)
-        throw std::logic_error("the active frame has no data set");
-    detail::FitFrameView(frame);
+    detail::FitFrameView(ActiveFrameWithData());
     detail::RaiseStateChange(StateChange_View3D);
 }
 
