@@ -84,15 +84,14 @@ void main()
 }
 )";
 
-ShaderProgram SurfaceProgram(bool perspective, bool coloured)
+ProgramOnDemand SurfaceProgram(bool perspective, bool coloured)
 {
     std::string defines = "#version 330 core\n";
     if (perspective)
         defines += "#define PERSPECTIVE\n";
     if (coloured)
         defines += "#define COLOURED\n";
-    return ShaderProgram("surface", (defines + SurfaceVertexShader).c_str(),
-                         (defines + SurfaceFragmentShader).c_str());
+    return ProgramOnDemand("surface", defines + SurfaceVertexShader, defines + SurfaceFragmentShader);
 }
 
 const char* const LineVertexShader = R"(#version 330 core
@@ -276,9 +275,10 @@ void FrameRenderer::draw(const Frame& frame, const SceneStyle& style, const Pixe
 void FrameRenderer::drawBackground(const PixelRect&, float light)
 {
     glDisable(GL_DEPTH_TEST);
-    m_backgroundProgram.use();
-    SetColour(m_backgroundProgram, "top", BackgroundTop, light);
-    SetColour(m_backgroundProgram, "bottom", BackgroundBottom, light);
+    const ShaderProgram& program = m_backgroundProgram.get();
+    program.use();
+    SetColour(program, "top", BackgroundTop, light);
+    SetColour(program, "bottom", BackgroundBottom, light);
     glBindVertexArray(m_emptyArray.id());
     glDrawArrays(GL_TRIANGLES, 0, 3);
 }
@@ -288,7 +288,7 @@ void FrameRenderer::drawSurface(const Context& context, const Zone& zone)
     const GpuSurface& gpu = m_geometry.surface(zone.surface);
     const DataSet& dataSet = context.dataSet;
     const ShaderProgram& program =
-        m_surfacePrograms[2 * context.camera.perspective + (zone.scalar != nullptr)];
+        m_surfacePrograms[2 * context.camera.perspective + (zone.scalar != nullptr)].get();
     program.use();
     program.set("modelToClip", context.camera.modelToClip);
     program.set("modelToEye", context.camera.modelToEye);
@@ -324,10 +324,11 @@ void FrameRenderer::drawSurface(const Context& context, const Zone& zone)
 
     if (gpu.meshLineIndexCount > 0)
     {
-        m_lineProgram.use();
-        m_lineProgram.set("modelToClip", context.camera.modelToClip);
-        SetColour(m_lineProgram, "lineColour", MeshLine, context.light);
-        m_lineProgram.set("dashed", 0);
+        const ShaderProgram& lines = m_lineProgram.get();
+        lines.use();
+        lines.set("modelToClip", context.camera.modelToClip);
+        SetColour(lines, "lineColour", MeshLine, context.light);
+        lines.set("dashed", 0);
         glLineWidth(LineWidth(1.0, context.sizeScale));
         glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, gpu.meshLines.id());
         glDrawElements(GL_LINES, gpu.meshLineIndexCount, GL_UNSIGNED_INT, nullptr);
@@ -353,12 +354,13 @@ void FrameRenderer::drawStreamtraces(const Context& context, const Zone& zone)
     const GpuStreamtraces& gpu = m_geometry.streamtraces(zone.streamtraces);
     const SceneStyle& style = context.style;
     const bool timed = style.deltaTime > 0.0 && std::isfinite(style.timeAnchor);
-    m_lineProgram.use();
-    m_lineProgram.set("modelToClip", context.camera.modelToClip);
-    SetColour(m_lineProgram, "lineColour", StreamtraceLine, context.light);
-    m_lineProgram.set("dashed", style.showDashes && timed ? 1 : 0);
-    m_lineProgram.set("anchor", static_cast<float>(style.timeAnchor));
-    m_lineProgram.set("delta", static_cast<float>(style.deltaTime));
+    const ShaderProgram& lines = m_lineProgram.get();
+    lines.use();
+    lines.set("modelToClip", context.camera.modelToClip);
+    SetColour(lines, "lineColour", StreamtraceLine, context.light);
+    lines.set("dashed", style.showDashes && timed ? 1 : 0);
+    lines.set("anchor", static_cast<float>(style.timeAnchor));
+    lines.set("delta", static_cast<float>(style.deltaTime));
     glLineWidth(LineWidth(1.6, context.sizeScale));
     glBindVertexArray(gpu.vertexArray.id());
     // The lines are hidden by surfaces but leave no depth behind: a marker is a flat disc at one depth,
@@ -373,11 +375,12 @@ void FrameRenderer::drawStreamtraces(const Context& context, const Zone& zone)
     const std::vector<float> markers = MarkerPositions(*zone.streamtraces, style.timeAnchor, style.deltaTime);
     if (markers.empty())
         return;
-    m_markerProgram.use();
-    m_markerProgram.set("modelToClip", context.camera.modelToClip);
-    m_markerProgram.set("size", static_cast<float>(std::max(3.0, 7.0 * context.sizeScale)));
-    SetColour(m_markerProgram, "fill", MarkerFill, context.light);
-    SetColour(m_markerProgram, "outline", MarkerOutline, context.light);
+    const ShaderProgram& disc = m_markerProgram.get();
+    disc.use();
+    disc.set("modelToClip", context.camera.modelToClip);
+    disc.set("size", static_cast<float>(std::max(3.0, 7.0 * context.sizeScale)));
+    SetColour(disc, "fill", MarkerFill, context.light);
+    SetColour(disc, "outline", MarkerOutline, context.light);
     glEnable(GL_PROGRAM_POINT_SIZE);
     bindScratch(markers);
     glDrawArrays(GL_POINTS, 0, static_cast<GLsizei>(markers.size() / 3));
@@ -391,9 +394,10 @@ void FrameRenderer::drawFrameAxis(const Context& context, const PixelRect& rect)
         std::min(shortSide / 3, std::max(static_cast<int>(12 * context.sizeScale), shortSide / 6));
     const int margin = std::max(1, size / 8);
     glViewport(rect.x + margin, rect.y + margin, size, size);
-    m_lineProgram.use();
-    m_lineProgram.set("modelToClip", Identity);
-    m_lineProgram.set("dashed", 0);
+    const ShaderProgram& lines = m_lineProgram.get();
+    lines.use();
+    lines.set("modelToClip", Identity);
+    lines.set("dashed", 0);
     glVertexAttrib1f(1, 0.0f);
     glLineWidth(LineWidth(2.0, context.sizeScale));
     const Matrix3& m = context.camera.rotation;
@@ -407,7 +411,7 @@ void FrameRenderer::drawFrameAxis(const Context& context, const PixelRect& rect)
             strokes.insert(strokes.end(),
                            {LetterAt * right + LetterSize * s[0], LetterAt * up + LetterSize * s[1], 0.0f,
                             LetterAt * right + LetterSize * s[2], LetterAt * up + LetterSize * s[3], 0.0f});
-        SetColour(m_lineProgram, "lineColour", AxisColours[axis], context.light);
+        SetColour(lines, "lineColour", AxisColours[axis], context.light);
         bindScratch(strokes);
         glDrawArrays(GL_LINES, 0, static_cast<GLsizei>(strokes.size() / 3));
     }

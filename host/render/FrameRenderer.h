@@ -25,7 +25,7 @@ struct PixelRect
 class FrameRenderer
 {
 public:
-    // Builds the shaders and the colour map; needs the renderer's context current.
+    // Builds the colour map; needs the renderer's context current. Shaders are built when first needed.
     FrameRenderer();
 
     // sizeScale multiplies line widths and marker sizes: 1 for a picture of screen size, more for
@@ -45,10 +45,10 @@ private:
     // Uploads points (x, y, z each) into the scratch buffer and binds it for drawing.
     void bindScratch(const std::vector<float>& points);
 
-    ShaderProgram m_surfacePrograms[4]; // plain and coloured orthographic, then in perspective
-    ShaderProgram m_lineProgram;
-    ShaderProgram m_markerProgram;
-    ShaderProgram m_backgroundProgram;
+    ProgramOnDemand m_surfacePrograms[4]; // plain and coloured orthographic, then in perspective
+    ProgramOnDemand m_lineProgram;
+    ProgramOnDemand m_markerProgram;
+    ProgramOnDemand m_backgroundProgram;
     GlTexture m_colormap;
     GlVertexArray m_emptyArray; // the background draws from gl_VertexID alone
     GlVertexArray m_scratchArray;

@@ -94,4 +94,11 @@ void ShaderProgram::set(const char* name, const std::array<float, 16>& columnMaj
     glUniformMatrix4fv(location(name), 1, GL_FALSE, columnMajor.data());
 }
 
+const ShaderProgram& ProgramOnDemand::get()
+{
+    if (!m_program)
+        m_program.emplace(m_name, m_vertexSource.c_str(), m_fragmentSource.c_str());
+    return *m_program;
+}
+
 } // namespace vantix::host::detail

@@ -4,6 +4,8 @@
 #include "render/GlObjects.h"
 
 #include <array>
+#include <optional>
+#include <string>
 
 namespace vantix::host::detail
 {
@@ -28,6 +30,26 @@ private:
     GLint location(const char* name) const { return glGetUniformLocation(m_program.id(), name); }
 
     GlProgramObject m_program;
+};
+
+// A shader program built the first time a picture needs it. A linked program keeps its compiled form in
+// the GL library (a megabyte or two each), and most pictures need only some of the programs there are.
+class ProgramOnDemand
+{
+public:
+    ProgramOnDemand(const char* name, std::string vertexSource, std::string fragmentSource)
+        : m_name(name), m_vertexSource(std::move(vertexSource)), m_fragmentSource(std::move(fragmentSource))
+    {
+    }
+
+    // Builds the program the first time; throws as ShaderProgram does.
+    const ShaderProgram& get();
+
+private:
+    const char* m_name;
+    std::string m_vertexSource;
+    std::string m_fragmentSource;
+    std::optional<ShaderProgram> m_program;
 };
 
 } // namespace vantix::host::detail
