@@ -16,7 +16,7 @@ class ThrottledDraw
 {
 public:
     // Triangles per part: enough that handing a part over costs little beside setting it up.
-    static constexpr GLsizei PartTriangles = 16384;
+    static constexpr GLsizei PartTriangles = 8192;
     // Parts handed over and not yet rasterised, at most.
     static constexpr std::size_t PartsInFlight = 2;
 
