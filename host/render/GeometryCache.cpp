@@ -12,9 +12,10 @@ GLsizeiptr Bytes(const std::vector<T>& values)
     return static_cast<GLsizeiptr>(values.size() * sizeof(T));
 }
 
-std::unique_ptr<GpuSurface> Upload(const SurfaceGeometry& mesh)
+std::unique_ptr<GpuSurface> Upload(SurfaceMesh& surface)
 {
     auto gpu = std::make_unique<GpuSurface>();
+    const SurfaceGeometry mesh = surface.handOver();
     glBindVertexArray(gpu->vertexArray.id());
     glBindBuffer(GL_ARRAY_BUFFER, gpu->nodes.id());
     gpu->normalOffset = Bytes(mesh.positions);
@@ -73,7 +74,7 @@ std::unique_ptr<GpuStreamtraces> Upload(const StreamtraceGeometry& traces)
 } // namespace
 
 template <typename Gpu, typename Source, typename UploadFunction>
-const Gpu& GeometryCache::find(Table<Gpu>& table, const std::shared_ptr<const Source>& source,
+const Gpu& GeometryCache::find(Table<Gpu>& table, const std::shared_ptr<Source>& source,
                                UploadFunction upload)
 {
     Entry<Gpu>& entry = table[source.get()];
@@ -85,9 +86,9 @@ const Gpu& GeometryCache::find(Table<Gpu>& table, const std::shared_ptr<const So
     return *entry.gpu;
 }
 
-const GpuSurface& GeometryCache::surface(const std::shared_ptr<const SurfaceGeometry>& geometry)
+const GpuSurface& GeometryCache::surface(const std::shared_ptr<SurfaceMesh>& mesh)
 {
-    return find(m_surfaces, geometry, [](const SurfaceGeometry& mesh) { return Upload(mesh); });
+    return find(m_surfaces, mesh, [](SurfaceMesh& surface) { return Upload(surface); });
 }
 
 GLuint GeometryCache::scalar(const std::shared_ptr<const std::vector<float>>& values)

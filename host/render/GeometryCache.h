@@ -34,7 +34,9 @@ struct GpuStreamtraces
 class GeometryCache
 {
 public:
-    const GpuSurface& surface(const std::shared_ptr<const SurfaceGeometry>& geometry);
+    // Uploads a mesh the first time, taking its arrays from it (the host keeps none once the renderer has
+    // them).
+    const GpuSurface& surface(const std::shared_ptr<SurfaceMesh>& mesh);
     GLuint scalar(const std::shared_ptr<const std::vector<float>>& values);
     const GpuStreamtraces& streamtraces(const std::shared_ptr<const StreamtraceGeometry>& geometry);
     // Frees what belongs to data sets that no longer exist.
@@ -51,7 +53,7 @@ private:
     using Table = std::unordered_map<const void*, Entry<Gpu>>;
 
     template <typename Gpu, typename Source, typename Upload>
-    const Gpu& find(Table<Gpu>& table, const std::shared_ptr<const Source>& source, Upload upload);
+    const Gpu& find(Table<Gpu>& table, const std::shared_ptr<Source>& source, Upload upload);
 
     Table<GpuSurface> m_surfaces;
     Table<GlBuffer> m_scalars;

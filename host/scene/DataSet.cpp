@@ -10,20 +10,27 @@ namespace vantix::host::detail
 namespace
 {
 
+void CheckSurfaceArrays(const std::string& zoneName, const SurfaceGeometry& mesh)
+{
+    const std::size_t nodes = mesh.nodeCount();
+    if (mesh.positions.size() % 3 != 0 || mesh.normals.size() != mesh.positions.size())
+        throw std::invalid_argument("surface zone '" + zoneName + "' has incomplete node coordinates");
+    if (mesh.triangles.size() % 3 != 0 || mesh.meshLines.size() % 2 != 0)
+        throw std::invalid_argument("surface zone '" + zoneName + "' has an incomplete triangle or line");
+    const auto outside = [nodes](std::uint32_t index) { return index >= nodes; };
+    if (std::any_of(mesh.triangles.begin(), mesh.triangles.end(), outside) ||
+        std::any_of(mesh.meshLines.begin(), mesh.meshLines.end(), outside))
+        throw std::invalid_argument("surface zone '" + zoneName + "' refers to a node it does not have");
+}
+
 void CheckSurface(const Zone& zone)
 {
     if (!zone.surface)
         throw std::invalid_argument("surface zone '" + zone.name + "' has no mesh");
-    const SurfaceGeometry& mesh = *zone.surface;
-    const std::size_t nodes = mesh.nodeCount();
-    if (mesh.positions.size() % 3 != 0 || mesh.normals.size() != mesh.positions.size())
-        throw std::invalid_argument("surface zone '" + zone.name + "' has incomplete node coordinates");
-    if (mesh.triangles.size() % 3 != 0 || mesh.meshLines.size() % 2 != 0)
-        throw std::invalid_argument("surface zone '" + zone.name + "' has an incomplete triangle or line");
-    const auto outside = [nodes](std::uint32_t index) { return index >= nodes; };
-    if (std::any_of(mesh.triangles.begin(), mesh.triangles.end(), outside) ||
-        std::any_of(mesh.meshLines.begin(), mesh.meshLines.end(), outside))
-        throw std::invalid_argument("surface zone '" + zone.name + "' refers to a node it does not have");
+    // A mesh the renderer has taken was checked when the data set that first held it was made.
+    if (const SurfaceGeometry* arrays = zone.surface->arrays())
+        CheckSurfaceArrays(zone.name, *arrays);
+    const std::size_t nodes = zone.surface->nodeCount();
     if (zone.scalar && zone.scalar->size() != nodes)
         throw std::invalid_argument("surface zone '" + zone.name + "' has " +
                                     std::to_string(zone.scalar->size()) + " scalar values for " +

@@ -27,8 +27,8 @@ struct Zone
     int strandId = 0; // 0 (or less): static, shown at every solution time
     bool enabled = true;
 
-    std::shared_ptr<const SurfaceGeometry> surface;          // a Surface zone's mesh
-    std::shared_ptr<const std::vector<float>> scalar;        // one value per node; null: drawn in one colour
+    std::shared_ptr<SurfaceMesh> surface;             // a Surface zone's mesh (its arrays go to the renderer)
+    std::shared_ptr<const std::vector<float>> scalar; // one value per node; null: drawn in one colour
     std::shared_ptr<const StreamtraceGeometry> streamtraces; // a Streamtraces zone's lines
 
     bool isStatic() const { return strandId <= 0; }

@@ -469,9 +469,9 @@ std::shared_ptr<const StreamtraceGeometry> MakeStreamtraces()
     return traces;
 }
 
-std::shared_ptr<const SurfaceGeometry> MakeGround(const Bounds& around)
+std::shared_ptr<SurfaceMesh> MakeGround(const Bounds& around)
 {
-    auto ground = std::make_shared<SurfaceGeometry>();
+    auto ground = std::make_unique<SurfaceGeometry>();
     const double x0 = std::floor(around.min()[0] / GroundGridStep) * GroundGridStep - GroundGridStep;
     const double x1 = std::ceil(around.max()[0] / GroundGridStep) * GroundGridStep;
     const double y0 = std::floor(around.min()[1] / GroundGridStep) * GroundGridStep - GroundGridStep;
@@ -499,7 +499,7 @@ std::shared_ptr<const SurfaceGeometry> MakeGround(const Bounds& around)
             }
         }
     ground->computeNormals();
-    return ground;
+    return std::make_shared<SurfaceMesh>(std::move(*ground));
 }
 
 } // namespace
@@ -512,7 +512,7 @@ std::shared_ptr<DataSet> MakeDemoDataSet()
     AddLiftingSurface(builder, Tailplane, Part::Tailplane, 28, 14);
     AddFin(builder, 28, 10);
     builder.mesh().computeNormals();
-    auto aircraft = std::make_shared<const SurfaceGeometry>(std::move(builder.mesh()));
+    auto aircraft = std::make_shared<SurfaceMesh>(std::move(builder.mesh()));
 
     std::vector<Zone> zones;
     for (int step = 0; step < DemoTimeStepCount; ++step)

@@ -114,4 +114,19 @@ Bounds StreamtraceGeometry::bounds() const
     return bounds;
 }
 
+SurfaceMesh::SurfaceMesh(SurfaceGeometry geometry)
+    : m_nodeCount(geometry.nodeCount()), m_triangleCount(geometry.triangleCount()),
+      m_bounds(geometry.bounds()), m_arrays(std::make_unique<SurfaceGeometry>(std::move(geometry)))
+{
+}
+
+SurfaceGeometry SurfaceMesh::handOver()
+{
+    if (!m_arrays)
+        return {};
+    SurfaceGeometry arrays = std::move(*m_arrays);
+    m_arrays.reset();
+    return arrays;
+}
+
 } // namespace vantix::host::detail

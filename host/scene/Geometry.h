@@ -1,10 +1,11 @@
-// The geometry a zone draws: triangle surfaces and streamtraces, in model units. Geometry is immutable
-// once built and shared between zones (the time steps of a transient surface share one mesh and differ
-// only in their scalar), so that the renderer can keep one copy on the graphics card.
+// The geometry a zone draws: triangle surfaces and streamtraces, in model units. Geometry is shared
+// between zones (the time steps of a transient surface share one mesh and differ only in their scalar), so
+// that the renderer keeps one copy on the graphics card.
 #pragma once
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 namespace vantix::host::detail
@@ -45,6 +46,30 @@ struct SurfaceGeometry
     Bounds bounds() const;
     // Fills normals from the triangles, each node the area-weighted mean of the faces around it.
     void computeNormals();
+};
+
+// A surface zone's mesh in a data set: its sizes and bounds, and its arrays until the renderer takes
+// them. The renderer keeps the mesh for as long as the data set lives, and the host asks nothing of the
+// arrays after that, so it lets go of its own copy once the surface has been drawn: for a big mesh that is
+// most of what a data set holds.
+class SurfaceMesh
+{
+public:
+    explicit SurfaceMesh(SurfaceGeometry geometry);
+
+    std::size_t nodeCount() const { return m_nodeCount; }
+    std::size_t triangleCount() const { return m_triangleCount; }
+    const Bounds& bounds() const { return m_bounds; }
+    // The arrays while the host has them; null once they have been handed over.
+    const SurfaceGeometry* arrays() const { return m_arrays.get(); }
+    // The arrays, for the renderer: the first call takes them, later calls get empty ones.
+    SurfaceGeometry handOver();
+
+private:
+    std::size_t m_nodeCount;
+    std::size_t m_triangleCount;
+    Bounds m_bounds;
+    std::unique_ptr<SurfaceGeometry> m_arrays;
 };
 
 // One streamtrace: a polyline with the time at which the flow reaches each point (increasing).

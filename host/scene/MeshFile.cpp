@@ -108,7 +108,7 @@ LoadedMesh ReadDrawable(const std::string& path)
     const std::string name = std::filesystem::path(path).filename().string();
     Zone zone;
     zone.name = name;
-    zone.surface = std::make_shared<const SurfaceGeometry>(std::move(mesh));
+    zone.surface = std::make_shared<SurfaceMesh>(std::move(mesh));
     zone.scalar = std::move(height);
     std::vector<Zone> zones;
     zones.push_back(std::move(zone));

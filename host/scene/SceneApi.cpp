@@ -70,7 +70,7 @@ detail::Zone ToZone(const SurfaceZoneData& data)
     zone.name = data.name;
     zone.solutionTime = data.solutionTime;
     zone.strandId = data.strandId;
-    zone.surface = std::make_shared<const detail::SurfaceGeometry>(std::move(mesh));
+    zone.surface = std::make_shared<detail::SurfaceMesh>(std::move(mesh));
     if (!data.scalar.empty())
         zone.scalar = std::make_shared<const std::vector<float>>(data.scalar.begin(), data.scalar.end());
     return zone;

@@ -3,6 +3,8 @@
 #include "support/HostTest.h"
 #include "support/ThrownMessage.h"
 
+#include <vantix/host/Render.h>
+
 #include <algorithm>
 #include <cmath>
 #include <stdexcept>
@@ -68,6 +70,10 @@ TEST_F(SceneDataSetTest, TheDemoIsATransientStrandWithAStaticGroundAndStreamtrac
     EXPECT_GE(zones[25].elementCount, 10u);
     EXPECT_GT(triangles, 5000u);
     EXPECT_LT(triangles + zones[24].elementCount, 50000u) << "the demo must stay quick to draw";
+    // Drawing hands the meshes over to the renderer; the host still knows their sizes.
+    renderRegion(ExportRegion_CurrentFrame, 32, 24);
+    EXPECT_EQ(triangles, vantix::host::zones()[0].elementCount);
+    EXPECT_EQ(zones[24].nodeCount, vantix::host::zones()[24].nodeCount);
 
     // One time step at a time, with the static zones.
     EXPECT_THAT(shownZones(), ElementsAre(1, 25, 26));
