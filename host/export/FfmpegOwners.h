@@ -49,14 +49,27 @@ using PacketOwner = std::unique_ptr<AVPacket, FfmpegFreeAndNull<AVPacket, av_pac
 using ScalerOwner = std::unique_ptr<SwsContext, FfmpegFree<SwsContext, sws_freeContext>>;
 using OutputOwner = std::unique_ptr<AVFormatContext, FfmpegCloseOutput>;
 
-// swscale reads its input in blocks of up to 16 bytes and may read past the last pixel: it is given a
-// copy with room after the end.
-inline const std::uint8_t* ScalerInput(const std::vector<std::uint8_t>& pixels,
-                                       std::vector<std::uint8_t>& copy)
+// Converts a picture of rows of RGB bytes, top row first, with scaler. swscale reads a row in blocks of up
+// to 16 bytes and may read past its end: the rows but the last two are read where they lie (what is read
+// past one of them lies in the next), the last two from tail, a copy with room after the end. A copy of
+// the whole picture would cost as much memory again as the picture; the result is the same.
+inline void ScaleRgbPicture(SwsContext* scaler, const std::vector<std::uint8_t>& rgb, int width, int height,
+                            std::uint8_t* const* target, const int* targetStrides,
+                            std::vector<std::uint8_t>& tail)
 {
-    copy.resize(pixels.size() + AV_INPUT_BUFFER_PADDING_SIZE);
-    std::copy(pixels.begin(), pixels.end(), copy.begin());
-    return copy.data();
+    const int stride[] = {width * 3};
+    const int tailRows = std::min(height, 2);
+    const int bodyRows = height - tailRows;
+    if (bodyRows > 0)
+    {
+        const std::uint8_t* body[] = {rgb.data()};
+        sws_scale(scaler, body, stride, 0, bodyRows, target, targetStrides);
+    }
+    const auto tailStart = rgb.end() - static_cast<std::ptrdiff_t>(tailRows) * stride[0];
+    tail.assign(tailStart, rgb.end());
+    tail.resize(tail.size() + AV_INPUT_BUFFER_PADDING_SIZE);
+    const std::uint8_t* last[] = {tail.data()};
+    sws_scale(scaler, last, stride, bodyRows, tailRows, target, targetStrides);
 }
 
 } // namespace vantix::host::detail

@@ -162,9 +162,8 @@ void MovieWriter::append(const Image& image)
 {
     if (av_frame_make_writable(m_frame.get()) < 0)
         throw ExportError("not enough memory to export");
-    const std::uint8_t* source[] = {ScalerInput(image.rgb, m_scalerInput)};
-    const int sourceStride[] = {image.width * 3};
-    sws_scale(m_convert.get(), source, sourceStride, 0, image.height, m_frame->data, m_frame->linesize);
+    ScaleRgbPicture(m_convert.get(), image.rgb, image.width, image.height, m_frame->data, m_frame->linesize,
+                    m_scalerTail);
     if (m_codec->flags & AV_CODEC_FLAG_QSCALE)
         m_frame->quality = m_codec->global_quality;
     for (int showing = 0; showing < m_showings; ++showing)

@@ -26,8 +26,8 @@ private:
     FrameOwner m_frame;           // the converted image
     PacketOwner m_packet;
     ScalerOwner m_convert;
-    std::vector<std::uint8_t> m_scalerInput; // reused between frames
-    int m_showings;                          // of each frame, for a rate the container cannot carry as it is
+    std::vector<std::uint8_t> m_scalerTail; // reused between frames
+    int m_showings;                         // of each frame, for a rate the container cannot carry as it is
     std::int64_t m_nextPts = 0;
 };
 

@@ -38,15 +38,13 @@ std::pair<AVCodecID, AVPixelFormat> StillEncoder(ExportFormat_e format)
 }
 
 // Converts between picture formats of the same size, exactly where no colour conversion is needed.
-void Convert(int width, int height, AVPixelFormat from, const std::uint8_t* const* source,
-             const int* sourceStrides, AVPixelFormat to, std::uint8_t* const* target,
-             const int* targetStrides)
+ScalerOwner PictureConverter(int width, int height, AVPixelFormat from, AVPixelFormat to)
 {
-    const ScalerOwner scaler(
+    ScalerOwner scaler(
         sws_getContext(width, height, from, width, height, to, SWS_POINT, nullptr, nullptr, nullptr));
     if (!scaler)
         throw ExportError("cannot convert the picture");
-    sws_scale(scaler.get(), source, sourceStrides, 0, height, target, targetStrides);
+    return scaler;
 }
 
 // A codec of one picture, with the frame and the packet that pass through it.
@@ -116,11 +114,9 @@ std::vector<std::uint8_t> EncodeStillImage(ExportFormat_e format, const Image& i
     frame->quality = context->global_quality;
     if (av_frame_get_buffer(frame, 0) < 0)
         throw ExportError("not enough memory to export");
-    std::vector<std::uint8_t> scalerInput;
-    const std::uint8_t* source[] = {ScalerInput(image.rgb, scalerInput)};
-    const int sourceStride[] = {image.width * 3};
-    Convert(image.width, image.height, AV_PIX_FMT_RGB24, source, sourceStride, pixelFormat, frame->data,
-            frame->linesize);
+    std::vector<std::uint8_t> tail;
+    ScaleRgbPicture(PictureConverter(image.width, image.height, AV_PIX_FMT_RGB24, pixelFormat).get(),
+                    image.rgb, image.width, image.height, frame->data, frame->linesize, tail);
 
     const AVPacket* packet = coder.packet.get();
     int result = 0;
@@ -164,8 +160,10 @@ Image DecodePng(std::vector<std::uint8_t> bytes)
     image.rgb.resize(static_cast<std::size_t>(image.width) * image.height * 3);
     std::uint8_t* target[] = {image.rgb.data()};
     const int targetStride[] = {image.width * 3};
-    Convert(image.width, image.height, static_cast<AVPixelFormat>(frame->format), frame->data,
-            frame->linesize, AV_PIX_FMT_RGB24, target, targetStride);
+    const ScalerOwner toRgb = PictureConverter(image.width, image.height,
+                                               static_cast<AVPixelFormat>(frame->format), AV_PIX_FMT_RGB24);
+    // A decoded frame has room after each row.
+    sws_scale(toRgb.get(), frame->data, frame->linesize, 0, image.height, target, targetStride);
     return image;
 }
 
