@@ -2,12 +2,10 @@
 
 #include "scene/MeshText.h"
 
-#include <assimp/Importer.hpp>
-#include <assimp/config.h>
-#include <assimp/postprocess.h>
-#include <assimp/scene.h>
+#include <dlfcn.h>
 
 #include <filesystem>
+#include <new>
 
 namespace vantix::host::detail
 {
@@ -15,49 +13,47 @@ namespace vantix::host::detail
 namespace
 {
 
-SurfaceGeometry MergedTriangles(const aiScene& scene)
+// The folder of the library this code is in, where the module is built and installed beside it.
+std::filesystem::path LibraryFolder()
 {
-    SurfaceGeometry mesh;
-    for (unsigned m = 0; m < scene.mNumMeshes; ++m)
+    Dl_info info{};
+    if (dladdr(reinterpret_cast<void*>(&ReadWithImporter), &info) == 0 || !info.dli_fname)
+        return {};
+    return std::filesystem::path(info.dli_fname).parent_path();
+}
+
+ImporterFunction LoadImporter()
+{
+    const std::string path = (LibraryFolder() / ImporterModule).string();
+    // assimp keeps global state: the module stays loaded until the process ends.
+    void* module = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
+    if (!module)
     {
-        const aiMesh& part = *scene.mMeshes[m];
-        if (!(part.mPrimitiveTypes & aiPrimitiveType_TRIANGLE))
-            continue;
-        const std::size_t offset = mesh.nodeCount();
-        CheckNodeCount(offset + part.mNumVertices);
-        for (unsigned v = 0; v < part.mNumVertices; ++v)
-            mesh.positions.insert(mesh.positions.end(),
-                                  {part.mVertices[v].x, part.mVertices[v].y, part.mVertices[v].z});
-        for (unsigned f = 0; f < part.mNumFaces; ++f)
-        {
-            const aiFace& face = part.mFaces[f];
-            if (face.mNumIndices != 3 || face.mIndices[0] >= part.mNumVertices ||
-                face.mIndices[1] >= part.mNumVertices || face.mIndices[2] >= part.mNumVertices)
-                continue;
-            for (unsigned i = 0; i < 3; ++i)
-                mesh.triangles.push_back(static_cast<std::uint32_t>(offset + face.mIndices[i]));
-        }
+        const char* reason = dlerror(); // names the module
+        throw MeshFormatError(std::string("the mesh importer cannot be loaded: ") + (reason ? reason : path));
     }
-    return mesh;
+    void* entry = dlsym(module, ImporterEntry);
+    if (!entry)
+        throw MeshFormatError("the mesh importer " + path + " has no " + ImporterEntry);
+    return reinterpret_cast<ImporterFunction>(entry);
 }
 
 } // namespace
 
 SurfaceGeometry ReadWithImporter(const std::string& path)
 {
-    const std::string extension = std::filesystem::path(path).extension().string();
-    Assimp::Importer importer;
-    if (extension.empty())
-        throw MeshFormatError("its name has no extension to tell its format by");
-    if (!importer.IsExtensionSupported(extension))
-        throw MeshFormatError(Shown(extension) + " is not a mesh format the host reads");
-    importer.SetPropertyInteger(AI_CONFIG_PP_SBP_REMOVE, aiPrimitiveType_POINT | aiPrimitiveType_LINE);
-    const aiScene* scene = importer.ReadFile(path, aiProcess_Triangulate | aiProcess_SortByPType |
-                                                       aiProcess_PreTransformVertices);
-    // The importer's own reasons name its internals rather than the file's fault.
-    if (!scene)
-        throw MeshFormatError("it is damaged or not a " + Shown(extension) + " file");
-    return MergedTriangles(*scene);
+    static const ImporterFunction import = LoadImporter();
+    SurfaceGeometry mesh;
+    std::string reason;
+    switch (import(path.c_str(), &mesh, &reason))
+    {
+    case ImportRead:
+        return mesh;
+    case ImportOutOfMemory:
+        throw std::bad_alloc();
+    default:
+        throw MeshFormatError(reason);
+    }
 }
 
 } // namespace vantix::host::detail

@@ -1,5 +1,6 @@
-// Surface mesh files read through the mesh importer: STL (text and binary), OBJ and PLY that the test
-// writes, loaded as one static zone coloured by height, and clear errors for files that cannot be read.
+// Surface mesh files that the test writes, STL (text and binary), OBJ, PLY and a format read through the
+// mesh importer module, loaded as one static zone coloured by height; clear errors for files that cannot
+// be read.
 #include "support/HostTest.h"
 #include "support/TempFolder.h"
 #include "support/ThrownMessage.h"
@@ -75,6 +76,8 @@ TEST_F(SceneFileTest, EachFormatLoadsAsOneStaticZoneColouredByHeight)
         {"slope.stl", SlopeStl, 2, 1.0, 3.0},      {"binary.stl", BinaryStl(), 2, -2.0, 0.5},
         {"square.obj", obj, 3, 0.0, 4.0},          {"tetrahedron.ply", tetrahedron, 4, 0.0, 2.0},
         {"binary.ply", BinaryPly(3), 1, 0.0, 7.0},
+        // read by the mesh importer module
+        {"quad.off", "OFF\n4 1 0\n0 0 0\n1 0 0\n1 1 5\n0 1 5\n4 0 1 2 3\n", 2, 0.0, 5.0},
     };
     for (const auto& [name, content, triangles, lowest, highest] : cases)
     {
@@ -100,6 +103,7 @@ TEST_F(SceneFileTest, AFileThatCannotBeReadIsRefusedWithItsNameAndTheReason)
         {Write("garbage.ply", "ply\nthis is not a header\n"), "line 2: 'this' does not begin a header line"},
         {Write("empty.obj", "# nothing but a comment\nv 0 0 0\n"), "it holds no triangle surface"},
         {Write("unknown.xyz123", "whatever"), "'.xyz123' is not a mesh format the host reads"},
+        {Write("cut.off", "OFF\n4 1 0\n0 0 0\n1 0"), "it is damaged or not a '.off' file"},
         {Write("short.stl", "solid"),
          "it is too short for an STL file: 5 bytes, where the header alone takes 84"},
         {Write("claims.stl", claims), "the header claims 4000000000 triangles but the file holds 2"},
