@@ -16,9 +16,9 @@ class ThrottledDraw
 {
 public:
     // Triangles per part: enough that handing a part over costs little beside setting it up.
-    static constexpr GLsizei PartTriangles = 8192;
+    static constexpr GLsizei PartTriangles = 4096;
     // Parts handed over and not yet rasterised, at most.
-    static constexpr std::size_t PartsInFlight = 2;
+    static constexpr std::size_t PartsInFlight = 3;
 
     ThrottledDraw() = default;
     // Forgets the parts still in flight (the rasteriser finishes them all the same).
