@@ -1,5 +1,7 @@
 #include "render/GeometryCache.h"
 
+#include <malloc.h>
+
 namespace vantix::host::detail
 {
 
@@ -12,10 +14,9 @@ GLsizeiptr Bytes(const std::vector<T>& values)
     return static_cast<GLsizeiptr>(values.size() * sizeof(T));
 }
 
-std::unique_ptr<GpuSurface> Upload(SurfaceMesh& surface)
+std::unique_ptr<GpuSurface> Upload(const SurfaceGeometry& mesh)
 {
     auto gpu = std::make_unique<GpuSurface>();
-    const SurfaceGeometry mesh = surface.handOver();
     glBindVertexArray(gpu->vertexArray.id());
     glBindBuffer(GL_ARRAY_BUFFER, gpu->nodes.id());
     gpu->normalOffset = Bytes(mesh.positions);
@@ -35,6 +36,25 @@ std::unique_ptr<GpuSurface> Upload(SurfaceMesh& surface)
     glBindVertexArray(0);
     gpu->triangleIndexCount = static_cast<GLsizei>(mesh.triangles.size());
     gpu->meshLineIndexCount = static_cast<GLsizei>(mesh.meshLines.size());
+    return gpu;
+}
+
+// The renderer keeps a mesh once it has it, so the host's copy goes. The arrays of a big mesh, read before
+// most else was allocated, lie low in the heap, where the memory they free would stay with the process: it
+// is handed back to the system at once.
+constexpr GLsizeiptr LargeMeshBytes = GLsizeiptr(1) << 20;
+
+std::unique_ptr<GpuSurface> Upload(SurfaceMesh& surface)
+{
+    std::unique_ptr<GpuSurface> gpu;
+    GLsizeiptr freed = 0;
+    {
+        const SurfaceGeometry mesh = surface.handOver();
+        gpu = Upload(mesh);
+        freed = Bytes(mesh.positions) + Bytes(mesh.normals) + Bytes(mesh.triangles);
+    }
+    if (freed >= LargeMeshBytes)
+        malloc_trim(0);
     return gpu;
 }
 
