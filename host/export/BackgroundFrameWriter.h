@@ -18,7 +18,7 @@ class BackgroundFrameWriter
 {
 public:
     // Frames drawn but not yet encoded, at most: one being encoded and one waiting keep both busy.
-    static constexpr std::size_t QueueLength = 2;
+    static constexpr std::size_t QueueLength = 1;
 
     explicit BackgroundFrameWriter(std::unique_ptr<FrameWriter> writer);
     // Abandons the export unless it was finished: the frames still waiting are dropped and the file at
