@@ -73,8 +73,10 @@ TEST_F(SceneFileTest, EachFormatLoadsAsOneStaticZoneColouredByHeight)
         "0 0 0\n1 0 0\n0 1 0\n0 0 2\n3 0 2 1\n3 0 1 3\n3 0 3 2\n3 1 2 3\n";
     const std::tuple<const char*, std::string, std::size_t, double, double> cases[] = {
         // file, content, triangles, lowest and highest z
-        {"slope.stl", SlopeStl, 2, 1.0, 3.0},      {"binary.stl", BinaryStl(), 2, -2.0, 0.5},
-        {"square.obj", obj, 3, 0.0, 4.0},          {"tetrahedron.ply", tetrahedron, 4, 0.0, 2.0},
+        {"slope.stl", SlopeStl, 2, 1.0, 3.0},
+        {"binary.stl", BinaryStl(), 2, -2.0, 0.5},
+        {"square.obj", obj, 3, 0.0, 4.0},
+        {"tetrahedron.ply", tetrahedron, 4, 0.0, 2.0},
         {"binary.ply", BinaryPly(3), 1, 0.0, 7.0},
         // read by the mesh importer module
         {"quad.off", "OFF\n4 1 0\n0 0 0\n1 0 0\n1 1 5\n0 1 5\n4 0 1 2 3\n", 2, 0.0, 5.0},
