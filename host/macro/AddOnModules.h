@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/HostPart.h"
+#include "core/ModuleHandle.h"
 
 #include <string>
 #include <vector>
@@ -10,27 +11,6 @@ namespace vantix::host::detail
 {
 
 class Application;
-
-// One dlopen handle, closed when it goes. Modules are opened so that closing never unmaps them: the host
-// keeps the add-on's callbacks, which must stay callable until the process ends.
-class ModuleHandle
-{
-public:
-    // Throws std::runtime_error naming the file and the loader's reason.
-    explicit ModuleHandle(const std::string& path);
-    ModuleHandle(ModuleHandle&& other) noexcept;
-    ModuleHandle& operator=(ModuleHandle&& other) noexcept;
-    ModuleHandle(const ModuleHandle&) = delete;
-    ModuleHandle& operator=(const ModuleHandle&) = delete;
-    ~ModuleHandle();
-
-    void* get() const { return m_handle; }
-    // The address of a plain (C) symbol of the module; null when it has none.
-    void* symbol(const char* name) const;
-
-private:
-    void* m_handle = nullptr;
-};
 
 class AddOnModules : public HostPart
 {

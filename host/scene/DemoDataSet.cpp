@@ -471,7 +471,7 @@ std::shared_ptr<const StreamtraceGeometry> MakeStreamtraces()
 
 std::shared_ptr<SurfaceMesh> MakeGround(const Bounds& around)
 {
-    auto ground = std::make_unique<SurfaceGeometry>();
+    SurfaceGeometry ground;
     const double x0 = std::floor(around.min()[0] / GroundGridStep) * GroundGridStep - GroundGridStep;
     const double x1 = std::ceil(around.max()[0] / GroundGridStep) * GroundGridStep;
     const double y0 = std::floor(around.min()[1] / GroundGridStep) * GroundGridStep - GroundGridStep;
@@ -480,26 +480,25 @@ std::shared_ptr<SurfaceMesh> MakeGround(const Bounds& around)
     const int rows = static_cast<int>(std::lround((y1 - y0) / GroundGridStep)) + 1;
     for (int r = 0; r < rows; ++r)
         for (int c = 0; c < columns; ++c)
-            ground->positions.insert(ground->positions.end(),
-                                     {static_cast<float>(x0 + c * GroundGridStep),
-                                      static_cast<float>(y0 + r * GroundGridStep), 0.0f});
+            ground.positions.insert(ground.positions.end(),
+                                    {static_cast<float>(x0 + c * GroundGridStep),
+                                     static_cast<float>(y0 + r * GroundGridStep), 0.0f});
     for (int r = 0; r < rows; ++r)
         for (int c = 0; c < columns; ++c)
         {
             const auto a = static_cast<std::uint32_t>(r * columns + c);
             if (c + 1 < columns)
-                ground->meshLines.insert(ground->meshLines.end(), {a, a + 1});
+                ground.meshLines.insert(ground.meshLines.end(), {a, a + 1});
             if (r + 1 < rows)
-                ground->meshLines.insert(ground->meshLines.end(),
-                                         {a, a + static_cast<std::uint32_t>(columns)});
+                ground.meshLines.insert(ground.meshLines.end(), {a, a + static_cast<std::uint32_t>(columns)});
             if (c + 1 < columns && r + 1 < rows)
             {
                 const auto d = a + static_cast<std::uint32_t>(columns);
-                ground->triangles.insert(ground->triangles.end(), {a, a + 1, d + 1, a, d + 1, d});
+                ground.triangles.insert(ground.triangles.end(), {a, a + 1, d + 1, a, d + 1, d});
             }
         }
-    ground->computeNormals();
-    return std::make_shared<SurfaceMesh>(std::move(*ground));
+    ground.computeNormals();
+    return std::make_shared<SurfaceMesh>(std::move(ground));
 }
 
 } // namespace

@@ -1,11 +1,14 @@
 #include "scene/ImportedMesh.h"
 
+#include "core/ModuleHandle.h"
 #include "scene/MeshText.h"
 
 #include <dlfcn.h>
 
 #include <filesystem>
 #include <new>
+#include <optional>
+#include <stdexcept>
 
 namespace vantix::host::detail
 {
@@ -25,14 +28,17 @@ std::filesystem::path LibraryFolder()
 ImporterFunction LoadImporter()
 {
     const std::string path = (LibraryFolder() / ImporterModule).string();
-    // assimp keeps global state: the module stays loaded until the process ends.
-    void* module = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
-    if (!module)
+    // assimp keeps global state: the module stays loaded until the process ends, after the handle goes.
+    std::optional<ModuleHandle> module;
+    try
     {
-        const char* reason = dlerror(); // names the module
-        throw MeshFormatError(std::string("the mesh importer cannot be loaded: ") + (reason ? reason : path));
+        module.emplace(path, "mesh importer");
     }
-    void* entry = dlsym(module, ImporterEntry);
+    catch (const std::runtime_error& error)
+    {
+        throw MeshFormatError(error.what());
+    }
+    void* entry = module->symbol(ImporterEntry);
     if (!entry)
         throw MeshFormatError("the mesh importer " + path + " has no " + ImporterEntry);
     return reinterpret_cast<ImporterFunction>(entry);
