@@ -319,7 +319,7 @@ void FrameRenderer::drawSurface(const Context& context, const Zone& zone)
     glEnable(GL_POLYGON_OFFSET_FILL);
     glPolygonOffset(1.0f, 1.0f);
     glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, gpu.triangles.id());
-    ThrottledDraw().triangles(gpu.triangleIndexCount);
+    ThrottledDraw().triangles(gpu.triangleParts);
     glDisable(GL_POLYGON_OFFSET_FILL);
 
     if (gpu.meshLineIndexCount > 0)

@@ -29,12 +29,13 @@ std::unique_ptr<GpuSurface> Upload(const SurfaceGeometry& mesh)
     glVertexAttribPointer(1, 3, GL_FLOAT, GL_FALSE, 0, reinterpret_cast<const void*>(gpu->normalOffset));
     // The index buffers are filled while the vertex array is bound (the element binding is part of it);
     // drawing binds the one it needs.
+    PackedTriangles triangles = PackTriangles(mesh.triangles);
     glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, gpu->triangles.id());
-    glBufferData(GL_ELEMENT_ARRAY_BUFFER, Bytes(mesh.triangles), mesh.triangles.data(), GL_STATIC_DRAW);
+    glBufferData(GL_ELEMENT_ARRAY_BUFFER, Bytes(triangles.bytes), triangles.bytes.data(), GL_STATIC_DRAW);
+    gpu->triangleParts = std::move(triangles.parts);
     glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, gpu->meshLines.id());
     glBufferData(GL_ELEMENT_ARRAY_BUFFER, Bytes(mesh.meshLines), mesh.meshLines.data(), GL_STATIC_DRAW);
     glBindVertexArray(0);
-    gpu->triangleIndexCount = static_cast<GLsizei>(mesh.triangles.size());
     gpu->meshLineIndexCount = static_cast<GLsizei>(mesh.meshLines.size());
     return gpu;
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "render/GlObjects.h"
+#include "render/ThrottledDraw.h"
 #include "scene/Geometry.h"
 
 #include <memory>
@@ -17,8 +18,8 @@ struct GpuSurface
     GlVertexArray vertexArray; // attribute 0 position, 1 normal; 2 (scalar) is bound per zone
     GlBuffer nodes;            // positions then normals
     GlBuffer triangles;
+    std::vector<TrianglePart> triangleParts;
     GlBuffer meshLines;
-    GLsizei triangleIndexCount = 0;
     GLsizei meshLineIndexCount = 0;
     GLsizeiptr normalOffset = 0;
 };

@@ -225,30 +225,38 @@ TEST_F(RenderTest, OrthographicAndPerspectivePicturesOfASimpleSceneMatchTheirRef
     EXPECT_GT(DifferentPixels(pictures[0], pictures[1], 12), 20) << "the projection makes no difference";
 }
 
-// A mesh of many triangles is drawn in parts; together they draw what one pair of triangles draws.
+// A mesh of many triangles is drawn in parts; together they draw what one pair of triangles draws, whether
+// the nodes of a part lie close together (kept in 16 bits) or far apart (rows from both ends in turn: 32).
 TEST_F(RenderTest, AMeshDrawnInPartsLeavesNoTriangleOut)
 {
-    constexpr int Cells = 200; // 80,000 triangles: three parts and more
-    host::SurfaceZoneData fine{"fine square", 0.0, 0, {}, {}, {}};
-    for (int j = 0; j <= Cells; ++j)
-        for (int i = 0; i <= Cells; ++i)
+    constexpr int Cells = 260; // 135,200 triangles over 68,121 nodes: many parts, some spanning them all
+    for (const bool rowsFromBothEnds : {false, true})
+    {
+        host::SurfaceZoneData fine{"fine square", 0.0, 0, {}, {}, {}};
+        for (int j = 0; j <= Cells; ++j)
+            for (int i = 0; i <= Cells; ++i)
+            {
+                fine.nodes.push_back({-0.5 + double(i) / Cells, -0.5 + double(j) / Cells, 0.0});
+                fine.scalar.push_back(1.0);
+            }
+        for (int row = 0; row < Cells; ++row)
         {
-            fine.nodes.push_back({-0.5 + double(i) / Cells, -0.5 + double(j) / Cells, 0.0});
-            fine.scalar.push_back(1.0);
+            const int j = !rowsFromBothEnds ? row : row % 2 == 0 ? row / 2 : Cells - 1 - row / 2;
+            for (int i = 0; i < Cells; ++i)
+            {
+                const int a = j * (Cells + 1) + i, b = a + 1, c = a + Cells + 2, d = a + Cells + 1;
+                fine.triangles.push_back({a, b, c});
+                fine.triangles.push_back({a, c, d});
+            }
         }
-    for (int j = 0; j < Cells; ++j)
-        for (int i = 0; i < Cells; ++i)
-        {
-            const int a = j * (Cells + 1) + i, b = a + 1, c = a + Cells + 2, d = a + Cells + 1;
-            fine.triangles.push_back({a, b, c});
-            fine.triangles.push_back({a, c, d});
-        }
-    host::loadDataSet("fine", {fine});
-    LookDown(1.5);
-    const Image parts = Render();
-    host::loadDataSet("square", {Square(0.5, 1.0)});
-    LookDown(1.5);
-    EXPECT_LE(DifferentPixels(parts, Render(), 2), 4);
+        host::loadDataSet("fine", {fine});
+        LookDown(1.5);
+        const Image parts = Render();
+        host::loadDataSet("square", {Square(0.5, 1.0)});
+        LookDown(1.5);
+        EXPECT_LE(DifferentPixels(parts, Render(), 2), 4)
+            << (rowsFromBothEnds ? "far apart" : "close together");
+    }
 }
 
 TEST_F(RenderTest, MarkersAndDashesShowOnlyWhenAskedForAndMoveWithTheAnchor)
