@@ -3,11 +3,7 @@
 #include "export/FfmpegLog.h"
 #include "export/FfmpegOwners.h"
 #include "export/FrameWriter.h"
-
-extern "C"
-{
-#include <libavutil/opt.h>
-}
+#include "export/PngWriter.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -24,8 +20,6 @@ std::pair<AVCodecID, AVPixelFormat> StillEncoder(ExportFormat_e format)
 {
     switch (format)
     {
-    case ExportFormat_PNG:
-        return {AV_CODEC_ID_PNG, AV_PIX_FMT_RGB24};
     case ExportFormat_BMP:
         return {AV_CODEC_ID_BMP, AV_PIX_FMT_BGR24};
     case ExportFormat_TIFF:
@@ -77,6 +71,8 @@ constexpr long LargestPictureArea = 100L * 1000 * 1000;
 
 std::vector<std::uint8_t> EncodeStillImage(ExportFormat_e format, const Image& image)
 {
+    if (format == ExportFormat_PNG)
+        return EncodePng(image);
     CaptureFfmpegMessages();
     ForgetFfmpegComplaint();
     if (image.empty() || image.rgb.size() != static_cast<std::size_t>(image.width) * image.height * 3)
@@ -92,14 +88,6 @@ std::vector<std::uint8_t> EncodeStillImage(ExportFormat_e format, const Image& i
     context->height = image.height;
     context->pix_fmt = pixelFormat;
     context->time_base = AVRational{1, 1};
-    if (codecId == AV_CODEC_ID_PNG)
-    {
-        // Pictures of the page are smooth shading and flat background: the left neighbour predicts them
-        // well, and the fastest compression then makes smaller files than the default one without it,
-        // in half the time.
-        context->compression_level = 1;
-        av_opt_set(context->priv_data, "pred", "sub", 0);
-    }
     if (codecId == AV_CODEC_ID_MJPEG)
     {
         context->color_range = AVCOL_RANGE_JPEG;

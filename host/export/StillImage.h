@@ -1,5 +1,5 @@
-// Still images: a picture in the file form of a still-image format, through FFmpeg's image codecs, which
-// also read PNG files back.
+// Still images: a picture in the file form of a still-image format, through FFmpeg's image codecs (PNG
+// through the host's own writer), which also read PNG files back.
 #pragma once
 
 #include "core/Image.h"

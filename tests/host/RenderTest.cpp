@@ -389,12 +389,18 @@ TEST_F(RenderTest, ARedrawDrawsTheActiveFrameAtItsScreenSizeWhenAskedToUnlessDra
 TEST_F(RenderTest, PngFilesKeepThePictureExactly)
 {
     host::loadDemoDataSet();
-    const Image image = host::renderActiveFrame(37, 23); // odd sizes: no row padding may creep in
     const fs::path path = fs::temp_directory_path() / "vantix-render-test.png",
                    notPng = fs::temp_directory_path() / "vantix-render-test.txt";
-    host::writePng(image, path.string());
-    const Image back = host::readPng(path.string());
-    EXPECT_EQ(std::make_tuple(37, 23, image.rgb), std::make_tuple(back.width, back.height, back.rgb));
+    // Odd sizes, so that no row padding may creep in; and a picture compressed in slices side by side.
+    for (const auto& [width, height] : {std::pair{37, 23}, std::pair{1001, 701}})
+    {
+        const Image image = host::renderActiveFrame(width, height);
+        host::writePng(image, path.string());
+        const Image back = host::readPng(path.string());
+        EXPECT_EQ(std::make_tuple(width, height, image.rgb),
+                  std::make_tuple(back.width, back.height, back.rgb));
+    }
+    const Image image = host::renderActiveFrame(37, 23);
     std::ofstream(notPng) << "not a picture";
     EXPECT_THROW_MSG(host::readPng(notPng.string()), std::runtime_error,
                      "cannot read PNG file '" + notPng.string() + "': it is not a PNG file");
