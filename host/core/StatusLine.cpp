@@ -63,7 +63,7 @@ void StatusLine::log(StatusEvent event)
 {
     if (m_observer)
         m_observer(event);
-    m_events.push_back(std::move(event));
+    m_events.add(std::move(event));
 }
 
 } // namespace vantix::host::detail

@@ -1,6 +1,8 @@
 // The status line of one long operation: its text, the percent done, and the user's request to stop. Every
-// event is logged for the tests and shown to the program's progress display as it happens.
+// event is shown to the program's progress display as it happens, and the latest are logged for the tests.
 #pragma once
+
+#include "events/RecentLog.h"
 
 #include <vantix/host/Host.h>
 
@@ -32,7 +34,7 @@ public:
 
     bool isShown() const { return m_shown; }
     const std::string& text() const { return m_text; }
-    const std::vector<StatusEvent>& events() const { return m_events; }
+    const std::vector<StatusEvent>& events() const { return m_events.entries(); }
 
     // The user asks to stop at the n-th check from now (n >= 1).
     void scriptCancelAtCheck(int n) { m_checksUntilCancel = n; }
@@ -48,7 +50,7 @@ private:
     std::string m_text;
     bool m_cancelRequested = false;
     int m_checksUntilCancel = 0; // 0: no cancel scripted
-    std::vector<StatusEvent> m_events;
+    RecentLog<StatusEvent> m_events;
 };
 
 } // namespace vantix::host::detail

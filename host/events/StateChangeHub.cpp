@@ -22,7 +22,7 @@ void StateChangeHub::removeSink(StateChangeSink* sink)
 
 void StateChangeHub::raise(StateChange_e change)
 {
-    m_raised.push_back(change);
+    m_raised.add(change);
     // Callbacks are only ever added, so counting up to the number there now serves exactly those.
     const std::size_t callbacks = m_callbacks.size();
     for (std::size_t i = 0; i < callbacks; ++i)

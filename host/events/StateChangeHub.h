@@ -1,7 +1,9 @@
 // Delivers the host's state changes, the moment they are raised, to the callbacks registered with
 // VtxUtilStateChangeAddCallbackX (in the order registered) and then to the toolbox's notifiers (in the order
-// made), and keeps a log of them for the tests.
+// made), and keeps a log of the latest of them for the tests.
 #pragma once
+
+#include "events/RecentLog.h"
 
 #include <VtxUtil.h>
 
@@ -35,7 +37,7 @@ public:
     // A change raised while another is delivered is delivered at once, inside that delivery.
     void raise(StateChange_e change);
 
-    const std::vector<StateChange_e>& raised() const { return m_raised; }
+    const std::vector<StateChange_e>& raised() const { return m_raised.entries(); }
     void clearRaised() { m_raised.clear(); }
     std::size_t callbackCount() const { return m_callbacks.size(); }
     std::size_t listenerCount() const;
@@ -43,7 +45,7 @@ public:
 private:
     std::vector<StateChangeCallback_pf> m_callbacks;
     std::vector<StateChangeSink*> m_sinks; // not owned
-    std::vector<StateChange_e> m_raised;
+    RecentLog<StateChange_e> m_raised;
 };
 
 } // namespace vantix::host::detail

@@ -103,4 +103,25 @@ TEST_F(HostStateTest, StatusLineAnswersScriptedAndRequestedCancelsUntilItIsFinis
     host::clearHostErrors();
 }
 
+// A batch run of any length logs its state changes and status events for the tests without the logs
+// growing for ever: they keep the latest.
+TEST_F(HostStateTest, TheLogsOfStateChangesAndStatusEventsKeepTheLatestWithoutGrowingForEver)
+{
+    constexpr int Entries = 300'000;
+    VtxUtilStatusStartPercentDone("Long", FALSE, TRUE);
+    for (int i = 0; i < Entries; ++i)
+    {
+        host::raiseStateChange(i % 2 == 0 ? StateChange_View3D : StateChange_Style);
+        VtxUtilStatusCheckPercentDone(i % 100);
+    }
+    const std::vector<StateChange_e> changes = host::raisedStateChanges();
+    const std::vector<host::StatusEvent> events = host::statusEvents();
+    for (const std::size_t size : {changes.size(), events.size()})
+        EXPECT_TRUE(size >= 65'536 && size <= 2 * 65'536) << size;
+    EXPECT_EQ(StateChange_Style, changes.back());
+    EXPECT_EQ(StateChange_View3D, changes[changes.size() - 2]);
+    EXPECT_EQ((Entries - 1) % 100, events.back().percent);
+    VtxUtilStatusFinishPercentDone();
+}
+
 } // namespace

@@ -30,7 +30,7 @@ std::size_t pendingOnIdleCalls();
 // ---- State changes -------------------------------------------------------------------------------------
 // Raises a state change as the host would: logged, then delivered.
 void raiseStateChange(StateChange_e change);
-// The changes raised since the last reset or clear, oldest first.
+// The changes raised since the last reset or clear (the latest 65,536 at least), oldest first.
 std::vector<StateChange_e> raisedStateChanges();
 void clearRaisedStateChanges();
 // Callbacks registered with VtxUtilStateChangeAddCallbackX; they last for the whole process.

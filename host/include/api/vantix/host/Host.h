@@ -100,6 +100,7 @@ struct StatusEvent
     bool showStop = false, showBar = false; // Start
     bool answer = true;                     // Check: what the host answered (false: the user asked to stop)
 };
+// The status line's events since the last reset (the latest 65,536 at least), oldest first.
 std::vector<StatusEvent> statusEvents();
 bool statusIsShown();
 std::string statusText();
