@@ -319,7 +319,8 @@ void FrameRenderer::drawSurface(const Context& context, const Zone& zone)
     glEnable(GL_POLYGON_OFFSET_FILL);
     glPolygonOffset(1.0f, 1.0f);
     glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, gpu.triangles.id());
-    ThrottledDraw().triangles(gpu.triangleParts);
+    FrontToBack(gpu.triangleParts, context.camera.modelToEye, m_partOrder);
+    ThrottledDraw().triangles(m_partOrder);
     glDisable(GL_POLYGON_OFFSET_FILL);
 
     if (gpu.meshLineIndexCount > 0)

@@ -8,6 +8,8 @@
 #include "render/SceneStyle.h"
 #include "render/ShaderProgram.h"
 
+#include <vector>
+
 namespace vantix::host::detail
 {
 
@@ -54,6 +56,7 @@ private:
     GlVertexArray m_scratchArray;
     GlBuffer m_scratchBuffer;
     GeometryCache m_geometry;
+    std::vector<const TrianglePart*> m_partOrder; // of the surface being drawn
 };
 
 } // namespace vantix::host::detail

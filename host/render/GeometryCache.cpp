@@ -29,7 +29,7 @@ std::unique_ptr<GpuSurface> Upload(const SurfaceGeometry& mesh)
     glVertexAttribPointer(1, 3, GL_FLOAT, GL_FALSE, 0, reinterpret_cast<const void*>(gpu->normalOffset));
     // The index buffers are filled while the vertex array is bound (the element binding is part of it);
     // drawing binds the one it needs.
-    PackedTriangles triangles = PackTriangles(mesh.triangles);
+    PackedTriangles triangles = PackTriangles(mesh);
     glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, gpu->triangles.id());
     glBufferData(GL_ELEMENT_ARRAY_BUFFER, Bytes(triangles.bytes), triangles.bytes.data(), GL_STATIC_DRAW);
     gpu->triangleParts = std::move(triangles.parts);

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "render/GlObjects.h"
-#include "render/ThrottledDraw.h"
+#include "render/TriangleParts.h"
 #include "scene/Geometry.h"
 
 #include <memory>
@@ -18,7 +18,7 @@ struct GpuSurface
     GlVertexArray vertexArray; // attribute 0 position, 1 normal; 2 (scalar) is bound per zone
     GlBuffer nodes;            // positions then normals
     GlBuffer triangles;
-    std::vector<TrianglePart> triangleParts;
+    std::vector<TrianglePart> triangleParts; // in the buffer's order
     GlBuffer meshLines;
     GLsizei meshLineIndexCount = 0;
     GLsizeiptr normalOffset = 0;
