@@ -14,29 +14,44 @@ GLsizeiptr Bytes(const std::vector<T>& values)
     return static_cast<GLsizeiptr>(values.size() * sizeof(T));
 }
 
-std::unique_ptr<GpuSurface> Upload(const SurfaceGeometry& mesh)
+template <typename T>
+void Release(std::vector<T>& values)
+{
+    std::vector<T>().swap(values);
+}
+
+// Takes the mesh's arrays one at a time, each let go of as soon as the renderer has its copy, so that a big
+// mesh never lies in memory twice over: the triangles first (packing them needs the positions too).
+std::unique_ptr<GpuSurface> Upload(SurfaceGeometry& mesh)
 {
     auto gpu = std::make_unique<GpuSurface>();
+    // The index buffers are filled while the vertex array is bound (the element binding is part of it);
+    // drawing binds the one it needs.
     glBindVertexArray(gpu->vertexArray.id());
+    {
+        PackedTriangles triangles = PackTriangles(mesh);
+        Release(mesh.triangles);
+        glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, gpu->triangles.id());
+        glBufferData(GL_ELEMENT_ARRAY_BUFFER, Bytes(triangles.bytes), triangles.bytes.data(), GL_STATIC_DRAW);
+        gpu->triangleParts = std::move(triangles.parts);
+    }
+    glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, gpu->meshLines.id());
+    glBufferData(GL_ELEMENT_ARRAY_BUFFER, Bytes(mesh.meshLines), mesh.meshLines.data(), GL_STATIC_DRAW);
+    gpu->meshLineIndexCount = static_cast<GLsizei>(mesh.meshLines.size());
+    Release(mesh.meshLines);
+
     glBindBuffer(GL_ARRAY_BUFFER, gpu->nodes.id());
     gpu->normalOffset = Bytes(mesh.positions);
     glBufferData(GL_ARRAY_BUFFER, Bytes(mesh.positions) + Bytes(mesh.normals), nullptr, GL_STATIC_DRAW);
     glBufferSubData(GL_ARRAY_BUFFER, 0, Bytes(mesh.positions), mesh.positions.data());
+    Release(mesh.positions);
     glBufferSubData(GL_ARRAY_BUFFER, gpu->normalOffset, Bytes(mesh.normals), mesh.normals.data());
+    Release(mesh.normals);
     glEnableVertexAttribArray(0);
     glVertexAttribPointer(0, 3, GL_FLOAT, GL_FALSE, 0, nullptr);
     glEnableVertexAttribArray(1);
     glVertexAttribPointer(1, 3, GL_FLOAT, GL_FALSE, 0, reinterpret_cast<const void*>(gpu->normalOffset));
-    // The index buffers are filled while the vertex array is bound (the element binding is part of it);
-    // drawing binds the one it needs.
-    PackedTriangles triangles = PackTriangles(mesh);
-    glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, gpu->triangles.id());
-    glBufferData(GL_ELEMENT_ARRAY_BUFFER, Bytes(triangles.bytes), triangles.bytes.data(), GL_STATIC_DRAW);
-    gpu->triangleParts = std::move(triangles.parts);
-    glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, gpu->meshLines.id());
-    glBufferData(GL_ELEMENT_ARRAY_BUFFER, Bytes(mesh.meshLines), mesh.meshLines.data(), GL_STATIC_DRAW);
     glBindVertexArray(0);
-    gpu->meshLineIndexCount = static_cast<GLsizei>(mesh.meshLines.size());
     return gpu;
 }
 
@@ -47,14 +62,10 @@ constexpr GLsizeiptr LargeMeshBytes = GLsizeiptr(1) << 20;
 
 std::unique_ptr<GpuSurface> Upload(SurfaceMesh& surface)
 {
-    std::unique_ptr<GpuSurface> gpu;
-    GLsizeiptr freed = 0;
-    {
-        const SurfaceGeometry mesh = surface.handOver();
-        gpu = Upload(mesh);
-        freed = Bytes(mesh.positions) + Bytes(mesh.normals) + Bytes(mesh.triangles);
-    }
-    if (freed >= LargeMeshBytes)
+    SurfaceGeometry mesh = surface.handOver();
+    const GLsizeiptr bytes = Bytes(mesh.positions) + Bytes(mesh.normals) + Bytes(mesh.triangles);
+    std::unique_ptr<GpuSurface> gpu = Upload(mesh);
+    if (bytes >= LargeMeshBytes)
         malloc_trim(0);
     return gpu;
 }

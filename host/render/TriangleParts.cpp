@@ -46,15 +46,15 @@ std::vector<std::uint32_t> SpatialOrder(const SurfaceGeometry& mesh)
         }
         return Morton(cell[0], cell[1], cell[2]);
     };
-    std::vector<std::uint32_t> cells(count);
+    // Counted, then placed: the cells are worked out twice rather than kept, a number for each triangle.
     std::vector<std::uint32_t> starts(std::size_t(grid) * grid * grid + 1, 0);
     for (std::size_t t = 0; t < count; ++t)
-        ++starts[(cells[t] = cellOf(mesh.triangles[3 * t])) + 1];
+        ++starts[cellOf(mesh.triangles[3 * t]) + 1];
     for (std::size_t c = 1; c < starts.size(); ++c)
         starts[c] += starts[c - 1];
     std::vector<std::uint32_t> order(count);
     for (std::size_t t = 0; t < count; ++t)
-        order[starts[cells[t]]++] = static_cast<std::uint32_t>(t);
+        order[starts[cellOf(mesh.triangles[3 * t])]++] = static_cast<std::uint32_t>(t);
     return order;
 }
 
