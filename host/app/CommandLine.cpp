@@ -89,8 +89,9 @@ std::string HelpText(const std::string& defaultAddOnPath)
            "\n"
            "Progress is shown on standard error: a progress bar on a terminal, plain progress lines\n"
            "otherwise. Ctrl-C (SIGINT), SIGTERM and SIGHUP ask the running operation to stop and the\n"
-           "replay to stop before its next command; what was being written is abandoned, and a file it\n"
-           "would have replaced stays as it was. A second signal ends the program at once.\n"
+           "replay to stop before its next command, and then close the desktop; what was being written\n"
+           "is abandoned, and a file it would have replaced stays as it was. A second signal ends the\n"
+           "program at once.\n"
            "\n"
            "Files are written whole or not at all: into a temporary file beside the target, renamed over\n"
            "it when complete. A symbolic link is written through; a folder, a device or the macro being\n"
@@ -99,7 +100,8 @@ std::string HelpText(const std::string& defaultAddOnPath)
            "Exit status: 0 when every command ran; 1 when a command failed (its FILE:LINE: reason on\n"
            "standard error) or the macro ended with an export still open; 2 for bad usage, or a macro\n"
            "file, add-on module or record file that cannot be read or written; 128 plus the signal's\n"
-           "number when a signal stopped the replay (130 SIGINT, 143 SIGTERM, 129 SIGHUP).\n";
+           "number when a signal stopped the replay or closed the desktop (130 SIGINT, 143 SIGTERM,\n"
+           "129 SIGHUP).\n";
 }
 
 int WholeNumberOption(const std::string& option, const std::string& text, int lowest, int highest)

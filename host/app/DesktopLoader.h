@@ -17,7 +17,10 @@ public:
 
     // desktop::DesktopUnavailableReason and desktop::RunDesktop, in the module.
     std::string unavailableReason() const { return m_unavailableReason(); }
-    int run(const std::string& macroPath) const { return m_run(macroPath.c_str()); }
+    int run(const std::string& macroPath, int (*signalReceived)()) const
+    {
+        return m_run(macroPath.c_str(), signalReceived);
+    }
 
 private:
     desktop::UnavailableReasonFunction m_unavailableReason = nullptr;

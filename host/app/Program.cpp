@@ -159,7 +159,15 @@ int RunProgram(const std::vector<std::string>& arguments)
     }
 
     if (desktop)
-        return desktop->run(options.macroPath);
+    {
+        const int status = desktop->run(options.macroPath, &InterruptHandler::received);
+        if (const int signal = InterruptHandler::received())
+        {
+            Error(std::string("interrupted by ") + InterruptHandler::describe(signal));
+            return ExitInterrupted + signal;
+        }
+        return status;
+    }
     const StatusDisplayScope statusDisplay;
 
     // Neither the recording nor an export may replace the macro while it is replayed.

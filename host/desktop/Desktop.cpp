@@ -1,6 +1,7 @@
 #include "desktop/Desktop.h"
 
 #include "desktop/MainWindow.h"
+#include "desktop/SignalClose.h"
 #include "desktop/UserActions.h"
 
 #include <vantix/host/Events.h>
@@ -29,7 +30,7 @@ std::string DesktopUnavailableReason()
            "in batch";
 }
 
-int RunDesktop(const std::string& macroPath)
+int RunDesktop(const std::string& macroPath, int (*signalReceived)())
 {
     static int argc = 1;
     static char name[] = "vantix";
@@ -42,6 +43,8 @@ int RunDesktop(const std::string& macroPath)
     MainWindow window;
     window.resize(1280, 860);
     window.show();
+    const SignalClose closeOnSignal(window,
+                                    [signalReceived] { return signalReceived ? signalReceived() : 0; });
     // The host is idle whenever the event loop has nothing left to do: the add-ons' queued calls run then.
     QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock,
                      []

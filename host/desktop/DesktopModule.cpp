@@ -10,7 +10,8 @@ extern "C" __attribute__((visibility("default"))) const char* VtxDesktopUnavaila
     return reason.c_str();
 }
 
-extern "C" __attribute__((visibility("default"))) int VtxRunDesktop(const char* macroPath)
+extern "C" __attribute__((visibility("default"))) int VtxRunDesktop(const char* macroPath,
+                                                                    int (*signalReceived)())
 {
-    return vantix::host::desktop::RunDesktop(macroPath ? macroPath : "");
+    return vantix::host::desktop::RunDesktop(macroPath ? macroPath : "", signalReceived);
 }

@@ -1,14 +1,16 @@
 // A person's session at the desktop, driven with real clicks, drags and keys: the demo data set loaded from
 // the File menu, the add-on opened from the Animate menu, three views captured with the mouse turning the
 // view between them, a name and a frame count typed in, an animation on screen cancelled half way from the
-// status bar, and a movie written through the export options dialog and a real file dialog. Each step is
-// checked in the host's state; the main window's screenshot shows the page and the greyed menus.
+// status bar, a movie written through the export options dialog and a real file dialog, and the desktop
+// closed by a signal to end the program. Each step is checked in the host's state; the main window's
+// screenshot shows the page and the greyed menus.
 #include "gui/DialogLayouts.h"
 
 #include <support/AddOnTest.h>
 #include <support/TempFolder.h>
 
 #include "desktop/MainWindow.h"
+#include "desktop/SignalClose.h"
 
 #include <vantix/host/Export.h>
 
@@ -27,6 +29,7 @@
 #include <QTextBrowser>
 #include <QTimer>
 
+#include <csignal>
 #include <functional>
 #include <optional>
 #include <set>
@@ -288,6 +291,34 @@ TEST_F(DesktopSessionTest, RecordsASessionThatReplaysAndExportsThePicture)
     EXPECT_TRUE(hasDataSet());
     EXPECT_EQ(std::make_tuple(turned.psi, turned.theta, turned.width),
               std::make_tuple(replayed.psi, replayed.theta, replayed.width));
+}
+
+// A signal to end the program, while a message waits for an answer: the message goes, then the window.
+TEST_F(DesktopSessionTest, ASignalDismissesAWaitingMessageAndThenClosesTheWindow)
+{
+    int received = 0;
+    const vantix::host::desktop::SignalClose watch(*m_window, [&received] { return received; });
+    QTest::qWait(300);
+    EXPECT_TRUE(m_window->isVisible()) << "no signal yet";
+    bool answered = false, leftWaiting = false;
+    // Should the message stay, the test answers it itself rather than wait for ever.
+    QTimer::singleShot(5000,
+                       [&leftWaiting]
+                       {
+                           if (QWidget* modal = QApplication::activeModalWidget())
+                               leftWaiting = modal->close();
+                       });
+    QTimer::singleShot(0,
+                       [&]
+                       {
+                           received = SIGTERM;
+                           QMessageBox::information(m_window.get(), "Working", "Waiting for an answer");
+                           answered = true;
+                       });
+    for (int wait = 0; wait < 100 && (!answered || m_window->isVisible()); ++wait)
+        QTest::qWait(50);
+    EXPECT_TRUE(answered && !leftWaiting);
+    EXPECT_FALSE(m_window->isVisible());
 }
 
 } // namespace
