@@ -1,6 +1,7 @@
 // How a surface's triangles lie in the renderer's element buffer: in parts, each drawn in one call (see
-// ThrottledDraw). Each part covers a compact piece of the surface, so that drawing the parts nearest the
-// viewer first lets the depth test turn away most of what lies behind them before it is shaded.
+// ThrottledDraw), in the mesh's own order. Meshes are written a region at a time, so a part covers a piece
+// of the surface and its nodes are numbered close together; drawing the parts nearest the viewer first
+// lets the depth test turn away most of what lies behind them before it is shaded.
 #pragma once
 
 #include "render/Gl.h"
@@ -35,9 +36,7 @@ struct PackedTriangles
 // Triangles per part: enough that handing a part over costs little beside setting it up.
 inline constexpr std::size_t PartTriangles = 4096;
 
-// The mesh's triangles in parts of PartTriangles. The triangles are grouped by the cell of a coarse grid
-// over the mesh's box that their first node lies in, cells in Morton order (neighbours stay near in the
-// buffer), and within a cell in the mesh's own order, which suits the vertex cache.
+// The mesh's triangles in parts of PartTriangles.
 PackedTriangles PackTriangles(const SurfaceGeometry& mesh);
 
 // The parts in the order to draw them: nearest the viewer first, as modelToEye (column-major) sees them.
