@@ -81,12 +81,13 @@ struct Group
 
 } // namespace
 
-SurfaceGeometry WithCreasedNormals(const SurfaceGeometry& mesh, double creaseDegrees)
+SurfaceGeometry WithCreasedNormals(SurfaceGeometry mesh, double creaseDegrees)
 {
     if (mesh.triangles.size() >= std::numeric_limits<std::uint32_t>::max())
         throw std::length_error("a mesh of more than 1.4 billion triangles");
     std::vector<std::uint32_t> points;
-    const std::vector<std::uint32_t> cornerPoints = JoinedPositions(mesh, points);
+    std::vector<std::uint32_t> cornerPoints = JoinedPositions(mesh, points);
+    std::vector<std::uint32_t>().swap(mesh.triangles);
     const std::size_t triangles = cornerPoints.size() / 3;
     const auto position = [&mesh, &points](std::uint32_t point)
     { return &mesh.positions[3 * std::size_t(points[point])]; };
@@ -118,9 +119,12 @@ SurfaceGeometry WithCreasedNormals(const SurfaceGeometry& mesh, double creaseDeg
         cornersAt[filled[cornerPoints[corner]]++] = std::uint32_t(corner);
     filled = {};
 
+    const std::size_t cornerCount = cornerPoints.size();
+    std::vector<std::uint32_t>().swap(cornerPoints); // the corners are found through cornersAt from here on
+
     const double creaseCosine = std::cos(creaseDegrees * 3.14159265358979323846 / 180.0);
     SurfaceGeometry result;
-    result.triangles.resize(cornerPoints.size());
+    result.triangles.resize(cornerCount);
     result.positions.reserve(3 * points.size());
     result.normals.reserve(3 * points.size());
     std::vector<Group> groups;
@@ -155,6 +159,13 @@ SurfaceGeometry WithCreasedNormals(const SurfaceGeometry& mesh, double creaseDeg
                 result.normals.push_back(usable ? float(group.sum[i] / length) : (i == 2 ? 1.0f : 0.0f));
         }
     }
+    // Creases made more nodes than positions, and the arrays grew by doubling: they are kept at their size,
+    // once the tables above are gone.
+    std::vector<Normal>().swap(areaNormals);
+    std::vector<std::uint32_t>().swap(cornersAt);
+    std::vector<std::uint32_t>().swap(offsets);
+    result.positions.shrink_to_fit();
+    result.normals.shrink_to_fit();
     return result;
 }
 

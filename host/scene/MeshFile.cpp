@@ -15,6 +15,7 @@
 #include <new>
 #include <stdexcept>
 #include <system_error>
+#include <utility>
 
 namespace vantix::host::detail
 {
@@ -98,7 +99,7 @@ LoadedMesh ReadDrawable(const std::string& path)
     if (dropped == total)
         Fail(path, "it holds " + std::to_string(total) + (total == 1 ? " triangle" : " triangles") +
                        " and none can be drawn: " + UndrawableReason);
-    SurfaceGeometry mesh = WithCreasedNormals(triangles, CreaseAngleDegrees);
+    SurfaceGeometry mesh = WithCreasedNormals(std::move(triangles), CreaseAngleDegrees);
 
     auto height = std::make_shared<std::vector<float>>();
     height->reserve(mesh.nodeCount());

@@ -3,6 +3,7 @@
 #include "scene/MeshText.h"
 #include "scene/PlyHeader.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
@@ -125,6 +126,9 @@ public:
             if (element.name == "vertex" && !m_vertices)
                 prepareVertices(element);
         for (const PlyElement& element : m_header.elements)
+            if (element.name == "face")
+                prepareFaces(element);
+        for (const PlyElement& element : m_header.elements)
             if (!element.properties.empty())
                 for (std::uint64_t index = 0; index < element.count; ++index)
                     readRecord(element, index);
@@ -153,6 +157,22 @@ private:
             throw MeshFormatError("the vertices have no 'x', 'y' and 'z' properties");
         CheckNodeCount(vertices.count);
         m_mesh.positions.assign(3 * vertices.count, 0.0f);
+    }
+
+    // Room for the triangles of faces of three corners, as many as the header says there are and the file
+    // can hold (a header may claim any count): the array then does not grow by doubling, which would hold
+    // it twice over for a moment and leave it up to twice its size.
+    void prepareFaces(const PlyElement& faces)
+    {
+        std::uint64_t leastBytes = 0;
+        for (const PlyProperty& property : faces.properties)
+            leastBytes += property.isList ? m_values.leastBytes(property.countType) +
+                                                3 * m_values.leastBytes(property.type)
+                                          : m_values.leastBytes(property.type);
+        // Values in text are a digit and a space at least.
+        const std::uint64_t perFace = m_header.format == PlyFormat::Ascii ? 2 * leastBytes : leastBytes;
+        const std::uint64_t fits = perFace > 0 ? m_values.bytesLeft() / perFace : 0;
+        m_mesh.triangles.reserve(m_mesh.triangles.size() + 3 * std::min(faces.count, fits));
     }
 
     double value(PlyType type, const PlyElement& element, std::uint64_t index)
