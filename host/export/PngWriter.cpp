@@ -148,8 +148,6 @@ void CompressAll(std::vector<Slice>& slices)
 
 std::vector<std::uint8_t> EncodePng(const Image& image)
 {
-    if (image.empty() || image.rgb.size() != static_cast<std::size_t>(image.width) * image.height * 3)
-        throw ExportError("the image is empty or its pixels do not match its size");
     const std::vector<std::uint8_t> rows = FilteredRows(image);
     std::vector<Slice> slices = Slices(rows, static_cast<std::size_t>(image.width) * 3 + 1);
     CompressAll(slices);

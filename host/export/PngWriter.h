@@ -13,8 +13,8 @@ namespace vantix::host::detail
 
 // The picture as a PNG file: 8-bit RGB, each row predicted from its left neighbour, compressed at zlib's
 // fastest level (pictures of the page are smooth shading and flat background, which that prediction
-// suits: smaller files than the default level without it, in half the time). Throws ExportError for an
-// empty picture or one whose pixels do not match its size.
+// suits: smaller files than the default level without it, in half the time). The picture's pixels must
+// match its size. Throws ExportError when the file cannot be made (too large, out of memory).
 std::vector<std::uint8_t> EncodePng(const Image& image);
 
 } // namespace vantix::host::detail

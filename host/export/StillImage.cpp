@@ -71,12 +71,12 @@ constexpr long LargestPictureArea = 100L * 1000 * 1000;
 
 std::vector<std::uint8_t> EncodeStillImage(ExportFormat_e format, const Image& image)
 {
+    if (image.empty() || image.rgb.size() != static_cast<std::size_t>(image.width) * image.height * 3)
+        throw ExportError("the image is empty or its pixels do not match its size");
     if (format == ExportFormat_PNG)
         return EncodePng(image);
     CaptureFfmpegMessages();
     ForgetFfmpegComplaint();
-    if (image.empty() || image.rgb.size() != static_cast<std::size_t>(image.width) * image.height * 3)
-        throw ExportError("the image is empty or its pixels do not match its size");
     const auto [codecId, pixelFormat] = StillEncoder(format);
     const AVCodec* codec = avcodec_find_encoder(codecId);
     if (!codec)

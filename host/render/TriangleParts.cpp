@@ -48,21 +48,25 @@ PackedTriangles PackTriangles(const SurfaceGeometry& mesh)
         const auto begin = triangles.begin() + static_cast<std::ptrdiff_t>(first);
         const auto end =
             triangles.begin() + static_cast<std::ptrdiff_t>(std::min(triangles.size(), first + PartIndices));
-        const auto [lowest, highest] = std::minmax_element(begin, end);
+        std::uint32_t lowest = std::numeric_limits<std::uint32_t>::max(), highest = 0;
         std::array<float, 3> low, high;
         low.fill(std::numeric_limits<float>::max());
         high.fill(std::numeric_limits<float>::lowest());
         for (auto node = begin; node != end; ++node)
+        {
+            lowest = std::min(lowest, *node);
+            highest = std::max(highest, *node);
             for (int axis = 0; axis < 3; ++axis)
             {
                 low[axis] = std::min(low[axis], mesh.positions[3 * std::size_t(*node) + axis]);
                 high[axis] = std::max(high[axis], mesh.positions[3 * std::size_t(*node) + axis]);
             }
+        }
         TrianglePart part;
         part.indexCount = static_cast<GLsizei>(end - begin);
         for (int axis = 0; axis < 3; ++axis)
             part.centre[axis] = 0.5f * (low[axis] + high[axis]);
-        Place(part, *lowest, *highest, bytes);
+        Place(part, lowest, highest, bytes);
         packed.parts.push_back(part);
     }
     packed.bytes.resize(bytes);
