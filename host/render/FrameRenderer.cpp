@@ -3,7 +3,6 @@
 #include "render/Camera.h"
 #include "render/Colormap.h"
 #include "render/StreamMarkers.h"
-#include "render/ThrottledDraw.h"
 #include "scene/DataSet.h"
 
 #include <algorithm>
@@ -17,82 +16,18 @@ namespace
 {
 
 constexpr int ColormapSize = 256;
+// The framebuffer's rows are the picture's: 4-byte colours and depths.
+constexpr GLint PictureRowAlignment = 4;
 
 // Colours of what is not coloured by the scalar.
 constexpr float BackgroundTop[3] = {0.58f, 0.66f, 0.77f};
 constexpr float BackgroundBottom[3] = {0.93f, 0.94f, 0.96f};
-constexpr float PlainSurface[3] = {0.80f, 0.80f, 0.78f};
+constexpr std::array<float, 3> PlainSurface = {0.80f, 0.80f, 0.78f};
 constexpr float MeshLine[3] = {0.56f, 0.57f, 0.60f};
 constexpr float StreamtraceLine[3] = {0.10f, 0.12f, 0.17f};
 constexpr float MarkerFill[3] = {1.0f, 0.84f, 0.05f};
 constexpr float MarkerOutline[3] = {0.08f, 0.08f, 0.08f};
 constexpr float AxisColours[3][3] = {{0.85f, 0.12f, 0.10f}, {0.10f, 0.58f, 0.12f}, {0.12f, 0.25f, 0.90f}};
-
-// Lit and coloured per pixel. Software rasterising sets up and interpolates every varying of every
-// triangle, which for meshes of small triangles costs more than the shading itself: the surface passes
-// one vec4 (the eye-space normal and the colour map fraction, which is linear in the scalar and so may be
-// interpolated in its place), and in perspective the fragment shader finds the direction to the viewer
-// from the pixel's position instead of an interpolated eye-space position. It is built in a variant for
-// each projection and for coloured and plain surfaces, since the rasteriser computes both sides of a choice.
-const char* const SurfaceVertexShader = R"(
-layout(location = 0) in vec3 position;
-layout(location = 1) in vec3 normal;
-layout(location = 2) in float scalar;
-uniform mat4 modelToClip;
-uniform mat4 modelToEye;
-uniform vec2 scalarRange; // the lowest value and 1 / (highest - lowest)
-out vec4 shading;
-void main()
-{
-    gl_Position = modelToClip * vec4(position, 1.0);
-    shading = vec4(mat3(modelToEye) * normal, (scalar - scalarRange.x) * scalarRange.y);
-}
-)";
-
-const char* const SurfaceFragmentShader = R"(
-in vec4 shading;
-uniform sampler1D colormap;
-uniform vec3 plainColour;
-uniform vec4 pixelToViewer; // in perspective, (x, y) of the eye-space direction to the viewer at a pixel
-uniform float ambient;
-uniform float diffuse;
-// The light comes from over the viewer's left shoulder, and moves with the viewer.
-const vec3 lightDirection = vec3(-0.36, 0.46, 0.81);
-out vec4 colour;
-void main()
-{
-#ifdef COLOURED
-    float fraction = clamp(shading.w, 0.0, 1.0);
-    vec3 base = texture(colormap, (0.5 + fraction * 255.0) / 256.0).rgb;
-#else
-    vec3 base = plainColour;
-#endif
-#ifdef PERSPECTIVE
-    vec3 toViewer = normalize(vec3(gl_FragCoord.xy * pixelToViewer.xy + pixelToViewer.zw, 1.0));
-#else
-    const vec3 toViewer = vec3(0.0, 0.0, 1.0);
-#endif
-    vec3 n = normalize(shading.xyz);
-    if (dot(n, toViewer) < 0.0)
-        n = -n; // both sides of a surface are lit alike
-    float lambert = max(dot(n, lightDirection), 0.0);
-    // The highlight's power 48 by multiplications: cheaper than pow() when rasterising in software.
-    float h = max(dot(n, normalize(lightDirection + toViewer)), 0.0);
-    float h2 = h * h, h4 = h2 * h2, h8 = h4 * h4, h16 = h8 * h8;
-    float shine = h16 * h16 * h16 * 0.25;
-    colour = vec4(base * (ambient + diffuse * lambert) + vec3(diffuse * shine), 1.0);
-}
-)";
-
-ProgramOnDemand SurfaceProgram(bool perspective, bool coloured)
-{
-    std::string defines = "#version 330 core\n";
-    if (perspective)
-        defines += "#define PERSPECTIVE\n";
-    if (coloured)
-        defines += "#define COLOURED\n";
-    return ProgramOnDemand("surface", defines + SurfaceVertexShader, defines + SurfaceFragmentShader);
-}
 
 const char* const LineVertexShader = R"(#version 330 core
 layout(location = 0) in vec3 position;
@@ -147,28 +82,6 @@ void main()
 }
 )";
 
-const char* const BackgroundVertexShader = R"(#version 330 core
-out float height;
-void main()
-{
-    // One triangle that covers the viewport.
-    vec2 p = vec2(gl_VertexID == 1 ? 3.0 : -1.0, gl_VertexID == 2 ? 3.0 : -1.0);
-    height = (p.y + 1.0) / 2.0;
-    gl_Position = vec4(p, 0.0, 1.0);
-}
-)";
-
-const char* const BackgroundFragmentShader = R"(#version 330 core
-in float height;
-uniform vec3 top;
-uniform vec3 bottom;
-out vec4 colour;
-void main()
-{
-    colour = vec4(mix(bottom, top, clamp(height, 0.0, 1.0)), 1.0);
-}
-)";
-
 const Matrix4 Identity = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
 
 void SetColour(const ShaderProgram& program, const char* name, const float (&colour)[3], float light)
@@ -197,28 +110,20 @@ const std::vector<std::array<float, 4>>& Letter(int axis)
 
 struct FrameRenderer::Context
 {
-    const DataSet& dataSet;
+    const DataSet* dataSet; // null: the frame shows no 3D data
     const SceneStyle& style;
     Camera camera;
     PixelRect rect;
+    RasterView view; // the part of rect on the target
     double sizeScale;
     float light; // for what the light source does not shade
 };
 
 FrameRenderer::FrameRenderer()
-    : m_surfacePrograms{SurfaceProgram(false, false), SurfaceProgram(false, true),
-                        SurfaceProgram(true, false), SurfaceProgram(true, true)},
-      m_lineProgram("line", LineVertexShader, LineFragmentShader),
+    : m_lineProgram("line", LineVertexShader, LineFragmentShader),
       m_markerProgram("marker", MarkerVertexShader, MarkerFragmentShader),
-      m_backgroundProgram("background", BackgroundVertexShader, BackgroundFragmentShader)
+      m_colormap(ColormapTable(ColormapSize))
 {
-    const std::vector<std::uint8_t> table = ColormapTable(ColormapSize);
-    glBindTexture(GL_TEXTURE_1D, m_colormap.id());
-    glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
-    glTexImage1D(GL_TEXTURE_1D, 0, GL_RGB8, ColormapSize, 0, GL_RGB, GL_UNSIGNED_BYTE, table.data());
-    glTexParameteri(GL_TEXTURE_1D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
-    glTexParameteri(GL_TEXTURE_1D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
-    glTexParameteri(GL_TEXTURE_1D, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
     glBindVertexArray(m_scratchArray.id());
     glBindBuffer(GL_ARRAY_BUFFER, m_scratchBuffer.id());
     glEnableVertexAttribArray(0);
@@ -226,43 +131,51 @@ FrameRenderer::FrameRenderer()
     glBindVertexArray(0);
 }
 
-void FrameRenderer::draw(const Frame& frame, const SceneStyle& style, const PixelRect& rect, double sizeScale)
+void FrameRenderer::draw(const Frame& frame, const SceneStyle& style, const PixelRect& rect, double sizeScale,
+                         const TargetTextures& target)
 {
-    if (rect.width <= 0 || rect.height <= 0)
+    const int left = std::max(rect.x, 0), bottom = std::max(rect.y, 0);
+    const int right = std::min(rect.x + rect.width, target.width);
+    const int top = std::min(rect.y + rect.height, target.height);
+    if (rect.width <= 0 || rect.height <= 0 || right <= left || top <= bottom)
         return;
-    const auto light = static_cast<float>(style.overallLight());
+    const bool threeD = frame.plotType == PlotType_Cartesian3D && frame.dataSet;
+    const RasterView view{rect.width,      rect.height,  left - rect.x,
+                          bottom - rect.y, right - left, top - bottom};
+    const Context context{
+        threeD ? frame.dataSet.get() : nullptr,
+        style,
+        threeD ? MakeCamera(frame.view, static_cast<double>(rect.width) / rect.height, frame.dataSet->bounds)
+               : Camera{},
+        rect,
+        view,
+        sizeScale,
+        static_cast<float>(style.overallLight())};
+    m_picture.reset(view.pictureWidth, view.pictureHeight);
+    fillBackground(context);
+    if (threeD)
+        for (const int number : context.dataSet->shownZones(frame.solutionTime))
+        {
+            const Zone& zone = context.dataSet->zone(number);
+            if (zone.kind == ZoneKind::Surface)
+                drawSurface(context, zone);
+        }
+    putPicture(context, target);
+    if (!threeD)
+        return;
+
     glEnable(GL_SCISSOR_TEST);
     glScissor(rect.x, rect.y, rect.width, rect.height);
     glViewport(rect.x, rect.y, rect.width, rect.height);
-    drawBackground(rect, light);
-    if (frame.plotType != PlotType_Cartesian3D || !frame.dataSet)
-    {
-        glDisable(GL_SCISSOR_TEST);
-        return;
-    }
-
-    const DataSet& dataSet = *frame.dataSet;
-    const Context context{
-        dataSet,
-        style,
-        MakeCamera(frame.view, static_cast<double>(rect.width) / rect.height, dataSet.bounds),
-        rect,
-        sizeScale,
-        light};
-    glClear(GL_DEPTH_BUFFER_BIT);
     glEnable(GL_DEPTH_TEST);
     glDepthFunc(GL_LEQUAL);
-    for (const int number : dataSet.shownZones(frame.solutionTime))
-    {
-        const Zone& zone = dataSet.zone(number);
-        if (zone.kind == ZoneKind::Surface)
-            drawSurface(context, zone);
-    }
     // Lines after every surface, so that the depth test hides exactly what lies behind a surface.
-    for (const int number : dataSet.shownZones(frame.solutionTime))
+    for (const int number : context.dataSet->shownZones(frame.solutionTime))
     {
-        const Zone& zone = dataSet.zone(number);
-        if (zone.kind == ZoneKind::Streamtraces)
+        const Zone& zone = context.dataSet->zone(number);
+        if (zone.kind == ZoneKind::Surface)
+            drawMeshLines(context, zone);
+        else if (zone.kind == ZoneKind::Streamtraces)
             drawStreamtraces(context, zone);
     }
     glDisable(GL_DEPTH_TEST);
@@ -272,82 +185,78 @@ void FrameRenderer::draw(const Frame& frame, const SceneStyle& style, const Pixe
     glDisable(GL_SCISSOR_TEST);
 }
 
-void FrameRenderer::drawBackground(const PixelRect&, float light)
+void FrameRenderer::fillBackground(const Context& context)
 {
-    glDisable(GL_DEPTH_TEST);
-    const ShaderProgram& program = m_backgroundProgram.get();
-    program.use();
-    SetColour(program, "top", BackgroundTop, light);
-    SetColour(program, "bottom", BackgroundBottom, light);
-    glBindVertexArray(m_emptyArray.id());
-    glDrawArrays(GL_TRIANGLES, 0, 3);
+    // Blended from the bottom colour to the top one, at the centre of each of the frame's rows.
+    const RasterView& view = context.view;
+    for (int y = 0; y < view.pictureHeight; ++y)
+    {
+        const float t = (static_cast<float>(y + view.bottom) + 0.5f) / static_cast<float>(view.height);
+        const auto at = [&](int c)
+        { return (BackgroundBottom[c] + (BackgroundTop[c] - BackgroundBottom[c]) * t) * context.light; };
+        m_picture.fillRow(y, PackColour(at(0), at(1), at(2)));
+    }
 }
 
 void FrameRenderer::drawSurface(const Context& context, const Zone& zone)
 {
-    const GpuSurface& gpu = m_geometry.surface(zone.surface);
-    const DataSet& dataSet = context.dataSet;
-    const ShaderProgram& program =
-        m_surfacePrograms[2 * context.camera.perspective + (zone.scalar != nullptr)].get();
-    program.use();
-    program.set("modelToClip", context.camera.modelToClip);
-    program.set("modelToEye", context.camera.modelToEye);
-    program.set("colormap", 0);
-    program.set("plainColour", PlainSurface[0], PlainSurface[1], PlainSurface[2]);
-    program.set("scalarRange", dataSet.scalarMin, 1.0f / (dataSet.scalarMax - dataSet.scalarMin));
-    if (context.camera.perspective)
-        setPixelToViewer(program, context);
-    program.set("ambient", static_cast<float>(context.style.backgroundLight / 100.0));
-    program.set("diffuse", static_cast<float>(context.style.intensity / 100.0));
-    glActiveTexture(GL_TEXTURE0);
-    glBindTexture(GL_TEXTURE_1D, m_colormap.id());
-
-    glBindVertexArray(gpu.vertexArray.id());
-    if (zone.scalar)
+    const CachedSurface& surface = m_geometry.surface(zone.surface);
+    const DataSet& dataSet = *context.dataSet;
+    const Camera& camera = context.camera;
+    SurfaceLook look;
+    look.ambient = static_cast<float>(context.style.backgroundLight / 100.0);
+    look.diffuse = static_cast<float>(context.style.intensity / 100.0);
+    look.plainColour = PlainSurface;
+    look.colormap = zone.scalar ? m_colormap.data() : nullptr;
+    look.scalarLowest = static_cast<float>(dataSet.scalarMin);
+    look.scalarScale = static_cast<float>(1.0 / (dataSet.scalarMax - dataSet.scalarMin));
+    look.perspective = camera.perspective;
+    if (camera.perspective)
     {
-        glBindBuffer(GL_ARRAY_BUFFER, m_geometry.scalar(zone.scalar));
-        glEnableVertexAttribArray(2);
-        glVertexAttribPointer(2, 1, GL_FLOAT, GL_FALSE, 0, nullptr);
+        // The viewer sees the viewport's pixel at normalised device coordinates (u, v) along the eye-space
+        // direction (u / p0, v / p1, -1), p0 and p1 the projection's scales, so the direction back to the
+        // viewer is (-u / p0, -v / p1, 1), with u = 2 (x + left) / width - 1 at the picture's x.
+        const auto axis = [](int left, int size, float scale) {
+            return std::array<float, 2>{-2.0f / (size * scale), (1.0f - 2.0f * left / size) / scale};
+        };
+        const auto x = axis(context.view.left, context.view.width, camera.projectionScale[0]);
+        const auto y = axis(context.view.bottom, context.view.height, camera.projectionScale[1]);
+        look.pixelToViewer = {x[0], y[0], x[1], y[1]};
     }
-    else
-    {
-        glDisableVertexAttribArray(2);
-        glVertexAttrib1f(2, 0.0f);
-    }
-    // Surfaces step back a little in depth so that lines drawn on them (their mesh lines, streamtraces
-    // lying on them) win the depth test.
-    glEnable(GL_POLYGON_OFFSET_FILL);
-    glPolygonOffset(1.0f, 1.0f);
-    glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, gpu.triangles.id());
-    FrontToBack(gpu.triangleParts, context.camera.modelToEye, m_partOrder);
-    ThrottledDraw().triangles(m_partOrder);
-    glDisable(GL_POLYGON_OFFSET_FILL);
-
-    if (gpu.meshLineIndexCount > 0)
-    {
-        const ShaderProgram& lines = m_lineProgram.get();
-        lines.use();
-        lines.set("modelToClip", context.camera.modelToClip);
-        SetColour(lines, "lineColour", MeshLine, context.light);
-        lines.set("dashed", 0);
-        glLineWidth(LineWidth(1.0, context.sizeScale));
-        glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, gpu.meshLines.id());
-        glDrawElements(GL_LINES, gpu.meshLineIndexCount, GL_UNSIGNED_INT, nullptr);
-    }
+    const SurfaceArrays arrays{surface.positions.data(), surface.normals.data(),
+                               zone.scalar ? zone.scalar->data() : nullptr, surface.triangles.data()};
+    FrontToBack(surface.parts, camera.modelToEye, m_partOrder);
+    m_rasteriser.draw(arrays, m_partOrder, camera, look, context.view, m_picture);
 }
 
-void FrameRenderer::setPixelToViewer(const ShaderProgram& program, const Context& context)
+void FrameRenderer::putPicture(const Context& context, const TargetTextures& target) const
 {
-    // The viewer sees the pixel at normalised device coordinates (u, v) along the eye-space direction
-    // (u / p0, v / p1, -1), p0 and p1 the projection's scales, so the direction back to the viewer is
-    // (-u / p0, -v / p1, 1), with u = 2 (x - left) / width - 1 at window position x (and v likewise).
-    const PixelRect& rect = context.rect;
-    const auto axis = [](int first, int size, float scale) {
-        return std::array<float, 2>{-2.0f / (size * scale), (2.0f * first / size + 1.0f) / scale};
-    };
-    const auto x = axis(rect.x, rect.width, context.camera.projectionScale[0]);
-    const auto y = axis(rect.y, rect.height, context.camera.projectionScale[1]);
-    program.set("pixelToViewer", x[0], y[0], x[1], y[1]);
+    const RasterView& view = context.view;
+    const int x = context.rect.x + view.left, y = context.rect.y + view.bottom;
+    glPixelStorei(GL_UNPACK_ALIGNMENT, PictureRowAlignment);
+    glBindTexture(GL_TEXTURE_2D, target.colour);
+    glTexSubImage2D(GL_TEXTURE_2D, 0, x, y, view.pictureWidth, view.pictureHeight, GL_RGBA, GL_UNSIGNED_BYTE,
+                    m_picture.colour.data());
+    glBindTexture(GL_TEXTURE_2D, target.depth);
+    glTexSubImage2D(GL_TEXTURE_2D, 0, x, y, view.pictureWidth, view.pictureHeight, GL_DEPTH_COMPONENT,
+                    GL_FLOAT, m_picture.depth.data());
+    glBindTexture(GL_TEXTURE_2D, 0);
+}
+
+void FrameRenderer::drawMeshLines(const Context& context, const Zone& zone)
+{
+    const CachedSurface& surface = m_geometry.surface(zone.surface);
+    if (surface.lineIndexCount == 0)
+        return;
+    const ShaderProgram& lines = m_lineProgram.get();
+    lines.use();
+    lines.set("modelToClip", context.camera.modelToClip);
+    SetColour(lines, "lineColour", MeshLine, context.light);
+    lines.set("dashed", 0);
+    glVertexAttrib1f(1, 0.0f);
+    glLineWidth(LineWidth(1.0, context.sizeScale));
+    glBindVertexArray(surface.lineArray.id());
+    glDrawElements(GL_LINES, surface.lineIndexCount, GL_UNSIGNED_INT, nullptr);
 }
 
 void FrameRenderer::drawStreamtraces(const Context& context, const Zone& zone)

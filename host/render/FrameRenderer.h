@@ -1,12 +1,14 @@
 // Draws one frame of the page into a rectangle of the framebuffer that is bound: its background, and for
 // a 3D frame with a data set the zones shown at its solution time, the streamtrace markers and dashes,
-// and the frame axis.
+// and the frame axis. The background and the lit surfaces are drawn on the processor and put into the
+// framebuffer's textures with their depth; GL draws the lines, markers and axis over them.
 #pragma once
 
 #include "core/Page.h"
 #include "render/GeometryCache.h"
 #include "render/SceneStyle.h"
 #include "render/ShaderProgram.h"
+#include "render/SurfaceRasteriser.h"
 
 #include <vector>
 
@@ -24,35 +26,46 @@ struct PixelRect
     int height = 0;
 };
 
+// The framebuffer drawn into: its colour and depth textures and their size.
+struct TargetTextures
+{
+    GLuint colour = 0;
+    GLuint depth = 0;
+    int width = 0;
+    int height = 0;
+};
+
 class FrameRenderer
 {
 public:
-    // Builds the colour map; needs the renderer's context current. Shaders are built when first needed.
+    // Needs the renderer's context current. Shaders are built when first needed.
     FrameRenderer();
 
     // sizeScale multiplies line widths and marker sizes: 1 for a picture of screen size, more for
     // supersampled or large pictures, so that lines keep their weight relative to the picture.
-    void draw(const Frame& frame, const SceneStyle& style, const PixelRect& rect, double sizeScale);
+    void draw(const Frame& frame, const SceneStyle& style, const PixelRect& rect, double sizeScale,
+              const TargetTextures& target);
     // Frees the graphics memory of data sets that are gone; called once a picture.
     void dropUnusedGeometry() { m_geometry.dropUnused(); }
 
 private:
     struct Context; // what the drawing of one frame shares
 
-    void drawBackground(const PixelRect& rect, float light);
+    void fillBackground(const Context& context);
     void drawSurface(const Context& context, const Zone& zone);
-    static void setPixelToViewer(const ShaderProgram& program, const Context& context);
+    // Puts the picture into the target's textures.
+    void putPicture(const Context& context, const TargetTextures& target) const;
+    void drawMeshLines(const Context& context, const Zone& zone);
     void drawStreamtraces(const Context& context, const Zone& zone);
     void drawFrameAxis(const Context& context, const PixelRect& rect);
     // Uploads points (x, y, z each) into the scratch buffer and binds it for drawing.
     void bindScratch(const std::vector<float>& points);
 
-    ProgramOnDemand m_surfacePrograms[4]; // plain and coloured orthographic, then in perspective
     ProgramOnDemand m_lineProgram;
     ProgramOnDemand m_markerProgram;
-    ProgramOnDemand m_backgroundProgram;
-    GlTexture m_colormap;
-    GlVertexArray m_emptyArray; // the background draws from gl_VertexID alone
+    std::vector<std::uint8_t> m_colormap; // 256 RGB entries
+    SurfaceRasteriser m_rasteriser;
+    RasterPicture m_picture; // the part of the frame on the target
     GlVertexArray m_scratchArray;
     GlBuffer m_scratchBuffer;
     GeometryCache m_geometry;

@@ -1,5 +1,5 @@
-// Zone geometry on the graphics card. Each mesh, scalar and set of streamtraces is uploaded once and kept
-// for as long as the data set that owns it lives, so that drawing the frames of a movie only draws.
+// Zone geometry as the renderer keeps it. Each mesh and set of streamtraces is taken or uploaded once and
+// kept for as long as the data set that owns it lives, so that drawing the frames of a movie only draws.
 #pragma once
 
 #include "render/GlObjects.h"
@@ -13,15 +13,18 @@
 namespace vantix::host::detail
 {
 
-struct GpuSurface
+// A surface as the renderer keeps it: its arrays in memory, for the processor to draw it, and its mesh
+// lines (if it has any) on the graphics card with the node positions they join.
+struct CachedSurface
 {
-    GlVertexArray vertexArray; // attribute 0 position, 1 normal; 2 (scalar) is bound per zone
-    GlBuffer nodes;            // positions then normals
-    GlBuffer triangles;
-    std::vector<TrianglePart> triangleParts; // in the buffer's order
-    GlBuffer meshLines;
-    GLsizei meshLineIndexCount = 0;
-    GLsizeiptr normalOffset = 0;
+    std::vector<float> positions;
+    std::vector<float> normals;
+    std::vector<std::uint32_t> triangles;
+    std::vector<TrianglePart> parts;
+    GlVertexArray lineArray; // attribute 0 position
+    GlBuffer linePositions;
+    GlBuffer lines;
+    GLsizei lineIndexCount = 0;
 };
 
 struct GpuStreamtraces
@@ -35,10 +38,8 @@ struct GpuStreamtraces
 class GeometryCache
 {
 public:
-    // Uploads a mesh the first time, taking its arrays from it (the host keeps none once the renderer has
-    // them).
-    const GpuSurface& surface(const std::shared_ptr<SurfaceMesh>& mesh);
-    GLuint scalar(const std::shared_ptr<const std::vector<float>>& values);
+    // Takes a mesh's arrays from it the first time (the host keeps none once the renderer has them).
+    const CachedSurface& surface(const std::shared_ptr<SurfaceMesh>& mesh);
     const GpuStreamtraces& streamtraces(const std::shared_ptr<const StreamtraceGeometry>& geometry);
     // Frees what belongs to data sets that no longer exist.
     void dropUnused();
@@ -56,8 +57,7 @@ private:
     template <typename Gpu, typename Source, typename Upload>
     const Gpu& find(Table<Gpu>& table, const std::shared_ptr<Source>& source, Upload upload);
 
-    Table<GpuSurface> m_surfaces;
-    Table<GlBuffer> m_scalars;
+    Table<CachedSurface> m_surfaces;
     Table<GpuStreamtraces> m_streamtraces;
 };
 

@@ -136,7 +136,8 @@ int OffscreenRenderer::draw(int target, int width, int height, const std::vector
         rect.height = row(slot.bottom) - row(slot.top);
         // A frame's lines and markers keep their weight relative to the frame, whatever else is on the page.
         m_frames.draw(*slot.frame, style, rect,
-                      std::max(static_cast<double>(factor), rect.height / ReferenceHeight));
+                      std::max(static_cast<double>(factor), rect.height / ReferenceHeight),
+                      {m_targets[target].colour(), m_depth.id(), drawnWidth, drawnHeight});
     }
     return factor;
 }

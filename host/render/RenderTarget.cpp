@@ -14,14 +14,21 @@ namespace
 // through a buffer much smaller than the picture.
 constexpr int BandRows = 64;
 
+void AllocateTexture(GLuint texture, GLint format, GLenum layout, GLenum type, int width, int height)
+{
+    glBindTexture(GL_TEXTURE_2D, texture);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
+    glTexImage2D(GL_TEXTURE_2D, 0, format, width, height, 0, layout, type, nullptr);
+}
+
 } // namespace
 
 long DepthBuffer::resize(int width, int height)
 {
     if (width != m_width || height != m_height)
     {
-        glBindRenderbuffer(GL_RENDERBUFFER, m_buffer.id());
-        glRenderbufferStorage(GL_RENDERBUFFER, GL_DEPTH_COMPONENT24, width, height);
+        AllocateTexture(m_buffer.id(), GL_DEPTH_COMPONENT32F, GL_DEPTH_COMPONENT, GL_FLOAT, width, height);
         m_width = width;
         m_height = height;
         ++m_allocation;
@@ -36,12 +43,9 @@ void RenderTarget::bind(int width, int height, DepthBuffer& depth)
     if (width == m_width && height == m_height && depthAllocation == m_depthAllocation)
         return;
     if (width != m_width || height != m_height)
-    {
-        glBindRenderbuffer(GL_RENDERBUFFER, m_colour.id());
-        glRenderbufferStorage(GL_RENDERBUFFER, GL_RGBA8, width, height);
-    }
-    glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_RENDERBUFFER, m_colour.id());
-    glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_DEPTH_ATTACHMENT, GL_RENDERBUFFER, depth.id());
+        AllocateTexture(m_colour.id(), GL_RGBA8, GL_RGBA, GL_UNSIGNED_BYTE, width, height);
+    glFramebufferTexture2D(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D, m_colour.id(), 0);
+    glFramebufferTexture2D(GL_FRAMEBUFFER, GL_DEPTH_ATTACHMENT, GL_TEXTURE_2D, depth.id(), 0);
     const GLenum status = glCheckFramebufferStatus(GL_FRAMEBUFFER);
     if (status != GL_FRAMEBUFFER_COMPLETE)
     {
@@ -56,7 +60,7 @@ void RenderTarget::bind(int width, int height, DepthBuffer& depth)
 
 Image RenderTarget::read() const
 {
-    // RGBA is the renderbuffer's own layout and reads back more than twice as fast as RGB.
+    // RGBA is the texture's own layout and reads back more than twice as fast as RGB.
     Image image;
     image.width = m_width;
     image.height = m_height;

@@ -1,5 +1,6 @@
-// The framebuffers the renderer draws into: a colour buffer each and a depth buffer they share, of one
-// size, reallocated when a picture of another size is asked for.
+// The framebuffers the renderer draws into: a colour texture each and a depth texture they share, of one
+// size, reallocated when a picture of another size is asked for. They are textures so that pictures drawn
+// on the processor can be put into them as they are.
 #pragma once
 
 #include "core/Image.h"
@@ -18,7 +19,7 @@ public:
     GLuint id() const { return m_buffer.id(); }
 
 private:
-    GlRenderbuffer m_buffer;
+    GlTexture m_buffer; // 32-bit float, as the processor's pictures keep depth
     int m_width = 0;
     int m_height = 0;
     long m_allocation = 0;
@@ -32,10 +33,11 @@ public:
     void bind(int width, int height, DepthBuffer& depth);
     // The colour buffer as an image, rows from the top down.
     Image read() const;
+    GLuint colour() const { return m_colour.id(); }
 
 private:
     GlFramebuffer m_framebuffer;
-    GlRenderbuffer m_colour;
+    GlTexture m_colour; // RGBA, 8 bits a channel
     int m_width = 0;
     int m_height = 0;
     long m_depthAllocation = 0; // of the depth buffer attached

@@ -1,0 +1,348 @@
+#include "render/SurfaceRaster.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace vantix::host::detail
+{
+
+namespace
+{
+
+constexpr int SubPixels = 256; // snapping: GL's 8 bits of sub-pixel precision
+constexpr int SubPixelBits = 8;
+constexpr int HalfPixel = SubPixels / 2;
+// One unit of depth offset: the smallest difference a depth of 24 bits tells apart.
+constexpr float DepthUnit = 1.0f / (1 << 24);
+// The light comes from over the viewer's left shoulder, and moves with the viewer.
+constexpr float Light[3] = {-0.36f, 0.46f, 0.81f};
+
+// In [0, 1]; a value that is not a number counts as 0.
+float Saturate(float value)
+{
+    return value > 0.0f ? (value < 1.0f ? value : 1.0f) : 0.0f;
+}
+
+std::uint32_t Channel(float value)
+{
+    return static_cast<std::uint32_t>(Saturate(value) * 255.0f + 0.5f);
+}
+
+// A plane a x + b y + c z + d w >= 0 of clip space, inside which a triangle is kept.
+struct ClipPlane
+{
+    float a, b, c, d;
+    float distance(const ClipVertex& v) const { return a * v.x + b * v.y + c * v.z + d * v.w; }
+};
+
+// The near and far planes, and a guard band around the picture: pieces reaching further out are cut so
+// that their snapped corners stay small enough for exact edge arithmetic in 64 bits, while most
+// triangles that only stick out of the picture are drawn whole.
+std::array<ClipPlane, 6> ClipPlanes(const RasterView& view)
+{
+    const float margin = 4.0f * static_cast<float>(view.pictureWidth + view.pictureHeight) + 64.0f;
+    // Window x = (x / w + 1) width / 2 - left, kept within [-margin, pictureWidth + margin]; y likewise.
+    const auto lower = [margin](int size, int offset) {
+        return ClipPlane{0.5f * size, 0.0f, 0.0f, 0.5f * size - static_cast<float>(offset) + margin};
+    };
+    const auto upper = [margin](int size, int offset, int pictureSize)
+    {
+        return ClipPlane{-0.5f * size, 0.0f, 0.0f,
+                         static_cast<float>(pictureSize + offset) + margin - 0.5f * size};
+    };
+    ClipPlane left = lower(view.width, view.left), right = upper(view.width, view.left, view.pictureWidth);
+    ClipPlane bottom = lower(view.height, view.bottom),
+              top = upper(view.height, view.bottom, view.pictureHeight);
+    std::swap(bottom.a, bottom.b);
+    std::swap(top.a, top.b);
+    return {ClipPlane{0, 0, 1, 1}, ClipPlane{0, 0, -1, 1}, left, right, bottom, top};
+}
+
+ClipVertex Mix(const ClipVertex& p, const ClipVertex& q, float t)
+{
+    const auto mix = [t](float a, float b) { return a + (b - a) * t; };
+    return {mix(p.x, q.x),   mix(p.y, q.y),   mix(p.z, q.z),   mix(p.w, q.w),
+            mix(p.nx, q.nx), mix(p.ny, q.ny), mix(p.nz, q.nz), mix(p.fraction, q.fraction)};
+}
+
+bool Finite(const ClipVertex& v)
+{
+    return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z) && std::isfinite(v.w);
+}
+
+// The plane through three values at the corners: value at corner 0, d/dx, d/dy.
+struct PlaneSolver
+{
+    double dx1, dy1, dx2, dy2, inverse;
+
+    std::array<float, 3> operator()(double v0, double v1, double v2) const
+    {
+        const double d1 = v1 - v0, d2 = v2 - v0;
+        return {static_cast<float>(v0), static_cast<float>((d1 * dy2 - d2 * dy1) * inverse),
+                static_cast<float>((dx1 * d2 - dx2 * d1) * inverse)};
+    }
+};
+
+// First row (or column) whose pixel centre lies at or above the snapped position, and the row after the
+// last at or below one.
+int FirstCentreFrom(std::int64_t position)
+{
+    return static_cast<int>((position - HalfPixel + SubPixels - 1) >> SubPixelBits);
+}
+
+int EndCentreTo(std::int64_t position)
+{
+    return static_cast<int>(((position - HalfPixel) >> SubPixelBits) + 1);
+}
+
+// A piece inside every clip plane, in window coordinates.
+void SetUpPiece(const ClipVertex* corner[3], const RasterView& view, std::vector<RasterTriangle>& out)
+{
+    RasterTriangle t;
+    double windowX[3], windowY[3], windowZ[3], inverseW[3];
+    for (int i = 0; i < 3; ++i)
+    {
+        const ClipVertex& v = *corner[i];
+        if (!(v.w > 0.0f))
+            return;
+        inverseW[i] = 1.0 / v.w;
+        const double x = (v.x * inverseW[i] + 1.0) * 0.5 * view.width - view.left;
+        const double y = (v.y * inverseW[i] + 1.0) * 0.5 * view.height - view.bottom;
+        t.x[i] = static_cast<std::int32_t>(std::llround(x * SubPixels));
+        t.y[i] = static_cast<std::int32_t>(std::llround(y * SubPixels));
+        windowZ[i] = (v.z * inverseW[i] + 1.0) * 0.5;
+    }
+    std::int64_t area =
+        std::int64_t(t.x[1] - t.x[0]) * (t.y[2] - t.y[0]) - std::int64_t(t.y[1] - t.y[0]) * (t.x[2] - t.x[0]);
+    if (area == 0)
+        return;
+    int order[3] = {0, 1, 2};
+    if (area < 0) // both faces are drawn: turn the back face's corners round
+    {
+        std::swap(order[1], order[2]);
+        std::swap(t.x[1], t.x[2]);
+        std::swap(t.y[1], t.y[2]);
+    }
+    const int minX = std::min({t.x[0], t.x[1], t.x[2]}), maxX = std::max({t.x[0], t.x[1], t.x[2]});
+    const int minY = std::min({t.y[0], t.y[1], t.y[2]}), maxY = std::max({t.y[0], t.y[1], t.y[2]});
+    t.firstColumn = std::max(0, FirstCentreFrom(minX));
+    t.endColumn = std::min(view.pictureWidth, EndCentreTo(maxX));
+    t.firstRow = std::max(0, FirstCentreFrom(minY));
+    t.endRow = std::min(view.pictureHeight, EndCentreTo(maxY));
+    if (t.firstColumn >= t.endColumn || t.firstRow >= t.endRow)
+        return;
+    for (int i = 0; i < 3; ++i)
+    {
+        // Of an edge two triangles share, only the triangle it bounds on the left or from above draws
+        // the pixels whose centres lie on it.
+        const int j = (i + 1) % 3;
+        const int dx = t.x[j] - t.x[i], dy = t.y[j] - t.y[i];
+        t.bias[i] = (dy < 0 || (dy == 0 && dx < 0)) ? 0 : -1;
+        windowX[i] = t.x[i] / double(SubPixels);
+        windowY[i] = t.y[i] / double(SubPixels);
+    }
+    t.originX = static_cast<float>(windowX[0]);
+    t.originY = static_cast<float>(windowY[0]);
+    const double dx1 = windowX[1] - windowX[0], dy1 = windowY[1] - windowY[0];
+    const double dx2 = windowX[2] - windowX[0], dy2 = windowY[2] - windowY[0];
+    const PlaneSolver plane{dx1, dy1, dx2, dy2, 1.0 / (dx1 * dy2 - dx2 * dy1)};
+    const auto corners = [&](const auto& value)
+    { return plane(value(order[0]), value(order[1]), value(order[2])); };
+    t.depth = corners([&](int i) { return windowZ[i]; });
+    // As glPolygonOffset(1, 1): back by the depth's steepest slope and one unit.
+    t.depth[0] += std::max(std::abs(t.depth[1]), std::abs(t.depth[2])) + DepthUnit;
+    t.planes[0] = corners([&](int i) { return inverseW[i]; });
+    t.planes[1] = corners([&](int i) { return corner[i]->nx * inverseW[i]; });
+    t.planes[2] = corners([&](int i) { return corner[i]->ny * inverseW[i]; });
+    t.planes[3] = corners([&](int i) { return corner[i]->nz * inverseW[i]; });
+    t.planes[4] = corners([&](int i) { return corner[i]->fraction * inverseW[i]; });
+    out.push_back(t);
+}
+
+// The pixel's colour from its interpolated attributes, as the host's surface shader finds it.
+std::uint32_t Shade(const SurfaceLook& look, float centreX, float centreY, float nx, float ny, float nz,
+                    float fraction)
+{
+    float base[3] = {look.plainColour[0], look.plainColour[1], look.plainColour[2]};
+    if (look.colormap)
+    {
+        // Linear between the centres of the map's 256 entries.
+        const float at = Saturate(fraction) * 255.0f;
+        const int low = std::min(static_cast<int>(at), 254);
+        const float t = at - static_cast<float>(low);
+        const std::uint8_t* entry = look.colormap + 3 * low;
+        for (int c = 0; c < 3; ++c)
+            base[c] = (entry[c] + (entry[c + 3] - entry[c]) * t) * (1.0f / 255.0f);
+    }
+    float toViewer[3] = {0.0f, 0.0f, 1.0f};
+    if (look.perspective)
+    {
+        toViewer[0] = centreX * look.pixelToViewer[0] + look.pixelToViewer[2];
+        toViewer[1] = centreY * look.pixelToViewer[1] + look.pixelToViewer[3];
+        const float scale = 1.0f / std::sqrt(toViewer[0] * toViewer[0] + toViewer[1] * toViewer[1] + 1.0f);
+        for (float& v : toViewer)
+            v *= scale;
+    }
+    const float length = 1.0f / std::sqrt(nx * nx + ny * ny + nz * nz);
+    float n[3] = {nx * length, ny * length, nz * length};
+    if (n[0] * toViewer[0] + n[1] * toViewer[1] + n[2] * toViewer[2] < 0.0f)
+        for (float& v : n)
+            v = -v; // both sides of a surface are lit alike
+    const float lambert = std::max(n[0] * Light[0] + n[1] * Light[1] + n[2] * Light[2], 0.0f);
+    const float half[3] = {Light[0] + toViewer[0], Light[1] + toViewer[1], Light[2] + toViewer[2]};
+    const float halfLength = std::sqrt(half[0] * half[0] + half[1] * half[1] + half[2] * half[2]);
+    const float h = std::max((n[0] * half[0] + n[1] * half[1] + n[2] * half[2]) / halfLength, 0.0f);
+    const float h2 = h * h, h4 = h2 * h2, h8 = h4 * h4, h16 = h8 * h8;
+    const float shine = look.diffuse * h16 * h16 * h16 * 0.25f;
+    const float lit = look.ambient + look.diffuse * lambert;
+    return PackColour(base[0] * lit + shine, base[1] * lit + shine, base[2] * lit + shine);
+}
+
+} // namespace
+
+std::uint32_t PackColour(float red, float green, float blue)
+{
+    return Channel(red) | Channel(green) << 8 | Channel(blue) << 16 | 0xff000000u;
+}
+
+void RasterPicture::reset(int newWidth, int newHeight)
+{
+    width = newWidth;
+    height = newHeight;
+    const std::size_t size = static_cast<std::size_t>(width) * height;
+    // A picture far larger than the next (an antialiased still before a movie) does not stay in memory.
+    if (colour.capacity() > 4 * size)
+    {
+        std::vector<std::uint32_t>().swap(colour);
+        std::vector<float>().swap(depth);
+    }
+    colour.resize(size);
+    depth.assign(size, 1.0f);
+}
+
+void RasterPicture::fillRow(int y, std::uint32_t rowColour)
+{
+    std::fill_n(colour.begin() + static_cast<std::ptrdiff_t>(y) * width, width, rowColour);
+}
+
+ClipVertex TransformNode(const SurfaceArrays& mesh, std::uint32_t node, const Matrix4& modelToClip,
+                         const Matrix4& modelToEye, const SurfaceLook& look)
+{
+    const float* p = mesh.positions + 3 * std::size_t(node);
+    const float* n = mesh.normals + 3 * std::size_t(node);
+    const Matrix4& c = modelToClip;
+    const Matrix4& e = modelToEye;
+    ClipVertex v;
+    v.x = c[0] * p[0] + c[4] * p[1] + c[8] * p[2] + c[12];
+    v.y = c[1] * p[0] + c[5] * p[1] + c[9] * p[2] + c[13];
+    v.z = c[2] * p[0] + c[6] * p[1] + c[10] * p[2] + c[14];
+    v.w = c[3] * p[0] + c[7] * p[1] + c[11] * p[2] + c[15];
+    v.nx = e[0] * n[0] + e[4] * n[1] + e[8] * n[2];
+    v.ny = e[1] * n[0] + e[5] * n[1] + e[9] * n[2];
+    v.nz = e[2] * n[0] + e[6] * n[1] + e[10] * n[2];
+    v.fraction = mesh.scalars ? (mesh.scalars[node] - look.scalarLowest) * look.scalarScale : 0.0f;
+    return v;
+}
+
+void SetUpTriangle(const ClipVertex& a, const ClipVertex& b, const ClipVertex& c, const RasterView& view,
+                   std::vector<RasterTriangle>& out)
+{
+    if (!Finite(a) || !Finite(b) || !Finite(c))
+        return;
+    const std::array<ClipPlane, 6> planes = ClipPlanes(view);
+    unsigned outside[3] = {0, 0, 0};
+    const ClipVertex* corners[3] = {&a, &b, &c};
+    for (int i = 0; i < 3; ++i)
+        for (std::size_t p = 0; p < planes.size(); ++p)
+            outside[i] |= (planes[p].distance(*corners[i]) < 0.0f ? 1u : 0u) << p;
+    if (outside[0] & outside[1] & outside[2])
+        return; // wholly outside one plane
+    if ((outside[0] | outside[1] | outside[2]) == 0)
+    {
+        SetUpPiece(corners, view, out);
+        return;
+    }
+    // Cut at each plane a corner lies outside of, then draw the polygon left as a fan.
+    ClipVertex buffers[2][9];
+    int count = 3;
+    ClipVertex* polygon = buffers[0];
+    ClipVertex* next = buffers[1];
+    polygon[0] = a;
+    polygon[1] = b;
+    polygon[2] = c;
+    const unsigned crossed = outside[0] | outside[1] | outside[2];
+    for (std::size_t p = 0; p < planes.size() && count >= 3; ++p)
+    {
+        if (!(crossed & (1u << p)))
+            continue;
+        int kept = 0;
+        for (int i = 0; i < count; ++i)
+        {
+            const ClipVertex& from = polygon[i];
+            const ClipVertex& to = polygon[(i + 1) % count];
+            const float d0 = planes[p].distance(from), d1 = planes[p].distance(to);
+            if (d0 >= 0.0f)
+                next[kept++] = from;
+            if ((d0 >= 0.0f) != (d1 >= 0.0f))
+                next[kept++] = Mix(from, to, d0 / (d0 - d1));
+        }
+        count = kept;
+        std::swap(polygon, next);
+    }
+    for (int i = 1; i + 1 < count; ++i)
+    {
+        const ClipVertex* piece[3] = {&polygon[0], &polygon[i], &polygon[i + 1]};
+        SetUpPiece(piece, view, out);
+    }
+}
+
+void FillRows(const RasterTriangle& t, int firstRow, int endRow, const SurfaceLook& look,
+              RasterPicture& picture)
+{
+    firstRow = std::max(firstRow, t.firstRow);
+    endRow = std::min(endRow, t.endRow);
+    std::int64_t stepX[3], stepY[3], rowStart[3];
+    const std::int64_t startX = std::int64_t(t.firstColumn) * SubPixels + HalfPixel;
+    const std::int64_t startY = std::int64_t(firstRow) * SubPixels + HalfPixel;
+    for (int i = 0; i < 3; ++i)
+    {
+        const int j = (i + 1) % 3;
+        const std::int64_t dx = t.x[j] - t.x[i], dy = t.y[j] - t.y[i];
+        stepX[i] = -dy * SubPixels;
+        stepY[i] = dx * SubPixels;
+        rowStart[i] = dx * (startY - t.y[i]) - dy * (startX - t.x[i]) + t.bias[i];
+    }
+    const auto& [q, nx, ny, nz, f] = t.planes;
+    const float firstX = static_cast<float>(t.firstColumn) + 0.5f - t.originX;
+    for (int row = firstRow; row < endRow; ++row)
+    {
+        const float y = static_cast<float>(row) + 0.5f - t.originY;
+        std::int64_t e0 = rowStart[0], e1 = rowStart[1], e2 = rowStart[2];
+        float* depth = picture.depth.data() + static_cast<std::size_t>(row) * picture.width;
+        std::uint32_t* colour = picture.colour.data() + static_cast<std::size_t>(row) * picture.width;
+        float x = firstX;
+        for (int column = t.firstColumn; column < t.endColumn; ++column, x += 1.0f)
+        {
+            if ((e0 | e1 | e2) >= 0)
+            {
+                const float z = Saturate(t.depth[0] + t.depth[1] * x + t.depth[2] * y);
+                if (z <= depth[column])
+                {
+                    depth[column] = z;
+                    const float w = 1.0f / (q[0] + q[1] * x + q[2] * y);
+                    const auto at = [x, y, w](const std::array<float, 3>& p)
+                    { return (p[0] + p[1] * x + p[2] * y) * w; };
+                    colour[column] = Shade(look, static_cast<float>(column) + 0.5f,
+                                           static_cast<float>(row) + 0.5f, at(nx), at(ny), at(nz), at(f));
+                }
+            }
+            e0 += stepX[0];
+            e1 += stepX[1];
+            e2 += stepX[2];
+        }
+        for (int i = 0; i < 3; ++i)
+            rowStart[i] += stepY[i];
+    }
+}
+
+} // namespace vantix::host::detail

@@ -1,0 +1,93 @@
+#include "render/SurfaceRasteriser.h"
+
+#include <algorithm>
+#include <thread>
+
+namespace vantix::host::detail
+{
+
+namespace
+{
+
+int Threads(int asked)
+{
+    return asked > 0 ? asked : std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
+}
+
+} // namespace
+
+SurfaceRasteriser::SurfaceRasteriser(int threads, int bandsPerThread)
+    : m_pool(Threads(threads)), m_bandsPerThread(std::max(1, bandsPerThread))
+{
+    // Parts set up at a time: enough that each core has several, so that none waits long for the others.
+    m_parts.resize(static_cast<std::size_t>(4 * m_pool.threads()));
+}
+
+void SurfaceRasteriser::draw(const SurfaceArrays& mesh, const std::vector<const TrianglePart*>& parts,
+                             const Camera& camera, const SurfaceLook& look, const RasterView& view,
+                             RasterPicture& picture)
+{
+    if (view.pictureWidth <= 0 || view.pictureHeight <= 0)
+        return;
+    const int bands = std::min(view.pictureHeight, m_pool.threads() * m_bandsPerThread);
+    m_job = {&mesh, &camera, &look, view, bands, (view.pictureHeight + bands - 1) / bands};
+    const std::size_t perRound = m_parts.size();
+    for (std::size_t first = 0; first < parts.size(); first += perRound)
+    {
+        const int count = static_cast<int>(std::min(perRound, parts.size() - first));
+        m_pool.run(count, [&](int i) { setUp(*parts[first + i], m_parts[i]); });
+        m_pool.run(bands, [&](int band) { fillBand(band, count, picture); });
+    }
+}
+
+void SurfaceRasteriser::setUp(const TrianglePart& part, SetUpPart& out) const
+{
+    const SurfaceArrays& mesh = *m_job.mesh;
+    const auto transform = [&](std::uint32_t node)
+    { return TransformNode(mesh, node, m_job.camera->modelToClip, m_job.camera->modelToEye, *m_job.look); };
+    const std::uint32_t* corners = mesh.triangles + 3 * part.firstTriangle;
+    const std::size_t cornerCount = 3 * part.triangleCount;
+    // Nodes numbered close together are transformed once each, by number; scattered ones once a corner.
+    const std::size_t span = std::size_t(part.highestNode) - part.lowestNode + 1;
+    const bool byNumber = span <= cornerCount;
+    out.nodes.resize(byNumber ? span : cornerCount);
+    for (std::size_t i = 0; i < out.nodes.size(); ++i)
+        out.nodes[i] = transform(byNumber ? part.lowestNode + static_cast<std::uint32_t>(i) : corners[i]);
+    const auto node = [&](std::size_t corner) -> const ClipVertex&
+    { return out.nodes[byNumber ? corners[corner] - part.lowestNode : corner]; };
+
+    out.triangles.clear();
+    for (std::size_t corner = 0; corner < cornerCount; corner += 3)
+        SetUpTriangle(node(corner), node(corner + 1), node(corner + 2), m_job.view, out.triangles);
+
+    // Sorted into bands by counting: how many reach each band, where each band starts, then the triangles.
+    const int bands = m_job.bands, rows = m_job.bandRows;
+    out.bandStart.assign(static_cast<std::size_t>(bands) + 1, 0);
+    for (const RasterTriangle& t : out.triangles)
+        for (int band = t.firstRow / rows; band <= (t.endRow - 1) / rows; ++band)
+            ++out.bandStart[static_cast<std::size_t>(band) + 1];
+    for (int band = 0; band < bands; ++band)
+        out.bandStart[band + 1] += out.bandStart[band];
+    out.byBand.resize(out.bandStart.back());
+    out.cursor.assign(out.bandStart.begin(), out.bandStart.end() - 1);
+    for (std::size_t i = 0; i < out.triangles.size(); ++i)
+    {
+        const RasterTriangle& t = out.triangles[i];
+        for (int band = t.firstRow / rows; band <= (t.endRow - 1) / rows; ++band)
+            out.byBand[out.cursor[static_cast<std::size_t>(band)]++] = static_cast<std::uint32_t>(i);
+    }
+}
+
+void SurfaceRasteriser::fillBand(int band, int partCount, RasterPicture& picture) const
+{
+    const int firstRow = band * m_job.bandRows;
+    const int endRow = std::min(firstRow + m_job.bandRows, m_job.view.pictureHeight);
+    for (int p = 0; p < partCount; ++p)
+    {
+        const SetUpPart& part = m_parts[static_cast<std::size_t>(p)];
+        for (std::uint32_t i = part.bandStart[band]; i < part.bandStart[band + 1]; ++i)
+            FillRows(part.triangles[part.byBand[i]], firstRow, endRow, *m_job.look, picture);
+    }
+}
+
+} // namespace vantix::host::detail
