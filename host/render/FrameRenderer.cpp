@@ -224,8 +224,9 @@ void FrameRenderer::drawSurface(const Context& context, const Zone& zone)
         look.pixelToViewer = {x[0], y[0], x[1], y[1]};
     }
     const SurfaceArrays arrays{surface.positions.data(), surface.normals.data(),
-                               zone.scalar ? zone.scalar->data() : nullptr, surface.triangles.data()};
-    FrontToBack(surface.parts, camera.modelToEye, m_partOrder);
+                               zone.scalar ? zone.scalar->data() : nullptr,
+                               surface.triangles.shortCorners.data(), surface.triangles.longCorners.data()};
+    FrontToBack(surface.triangles.parts, camera.modelToEye, m_partOrder);
     m_rasteriser.draw(arrays, m_partOrder, camera, look, context.view, m_picture);
 }
 

@@ -1,5 +1,7 @@
 #include "render/GeometryCache.h"
 
+#include <malloc.h>
+
 namespace vantix::host::detail
 {
 
@@ -12,12 +14,15 @@ GLsizeiptr Bytes(const std::vector<T>& values)
     return static_cast<GLsizeiptr>(values.size() * sizeof(T));
 }
 
+constexpr std::size_t LargeMeshBytes = std::size_t(1) << 20;
+
 // The arrays are moved, not copied: a big mesh never lies in memory twice over.
 std::unique_ptr<CachedSurface> Keep(SurfaceMesh& surface)
 {
     SurfaceGeometry mesh = surface.handOver();
     auto kept = std::make_unique<CachedSurface>();
-    kept->parts = SplitIntoParts(mesh);
+    kept->triangles = PackTriangles(mesh);
+    std::vector<std::uint32_t>().swap(mesh.triangles);
     if (!mesh.meshLines.empty())
     {
         glBindVertexArray(kept->lineArray.id());
@@ -32,7 +37,10 @@ std::unique_ptr<CachedSurface> Keep(SurfaceMesh& surface)
     }
     kept->positions = std::move(mesh.positions);
     kept->normals = std::move(mesh.normals);
-    kept->triangles = std::move(mesh.triangles);
+    // What reading a big mesh left free lies low in the heap, below the arrays kept, where it would stay
+    // with the process: it is handed back to the system at once.
+    if (kept->positions.size() * sizeof(float) >= LargeMeshBytes)
+        malloc_trim(0);
     return kept;
 }
 

@@ -19,8 +19,7 @@ struct CachedSurface
 {
     std::vector<float> positions;
     std::vector<float> normals;
-    std::vector<std::uint32_t> triangles;
-    std::vector<TrianglePart> parts;
+    PackedTriangles triangles;
     GlVertexArray lineArray; // attribute 0 position
     GlBuffer linePositions;
     GlBuffer lines;

@@ -28,60 +28,12 @@ std::uint32_t Channel(float value)
     return static_cast<std::uint32_t>(Saturate(value) * 255.0f + 0.5f);
 }
 
-// A plane a x + b y + c z + d w >= 0 of clip space, inside which a triangle is kept.
-struct ClipPlane
-{
-    float a, b, c, d;
-    float distance(const ClipVertex& v) const { return a * v.x + b * v.y + c * v.z + d * v.w; }
-};
-
-// The near and far planes, and a guard band around the picture: pieces reaching further out are cut so
-// that their snapped corners stay small enough for exact edge arithmetic in 64 bits, while most
-// triangles that only stick out of the picture are drawn whole.
-std::array<ClipPlane, 6> ClipPlanes(const RasterView& view)
-{
-    const float margin = 4.0f * static_cast<float>(view.pictureWidth + view.pictureHeight) + 64.0f;
-    // Window x = (x / w + 1) width / 2 - left, kept within [-margin, pictureWidth + margin]; y likewise.
-    const auto lower = [margin](int size, int offset) {
-        return ClipPlane{0.5f * size, 0.0f, 0.0f, 0.5f * size - static_cast<float>(offset) + margin};
-    };
-    const auto upper = [margin](int size, int offset, int pictureSize)
-    {
-        return ClipPlane{-0.5f * size, 0.0f, 0.0f,
-                         static_cast<float>(pictureSize + offset) + margin - 0.5f * size};
-    };
-    ClipPlane left = lower(view.width, view.left), right = upper(view.width, view.left, view.pictureWidth);
-    ClipPlane bottom = lower(view.height, view.bottom),
-              top = upper(view.height, view.bottom, view.pictureHeight);
-    std::swap(bottom.a, bottom.b);
-    std::swap(top.a, top.b);
-    return {ClipPlane{0, 0, 1, 1}, ClipPlane{0, 0, -1, 1}, left, right, bottom, top};
-}
-
 ClipVertex Mix(const ClipVertex& p, const ClipVertex& q, float t)
 {
     const auto mix = [t](float a, float b) { return a + (b - a) * t; };
     return {mix(p.x, q.x),   mix(p.y, q.y),   mix(p.z, q.z),   mix(p.w, q.w),
             mix(p.nx, q.nx), mix(p.ny, q.ny), mix(p.nz, q.nz), mix(p.fraction, q.fraction)};
 }
-
-bool Finite(const ClipVertex& v)
-{
-    return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z) && std::isfinite(v.w);
-}
-
-// The plane through three values at the corners: value at corner 0, d/dx, d/dy.
-struct PlaneSolver
-{
-    double dx1, dy1, dx2, dy2, inverse;
-
-    std::array<float, 3> operator()(double v0, double v1, double v2) const
-    {
-        const double d1 = v1 - v0, d2 = v2 - v0;
-        return {static_cast<float>(v0), static_cast<float>((d1 * dy2 - d2 * dy1) * inverse),
-                static_cast<float>((dx1 * d2 - dx2 * d1) * inverse)};
-    }
-};
 
 // First row (or column) whose pixel centre lies at or above the snapped position, and the row after the
 // last at or below one.
@@ -95,68 +47,11 @@ int EndCentreTo(std::int64_t position)
     return static_cast<int>(((position - HalfPixel) >> SubPixelBits) + 1);
 }
 
-// A piece inside every clip plane, in window coordinates.
-void SetUpPiece(const ClipVertex* corner[3], const RasterView& view, std::vector<RasterTriangle>& out)
+// Nearest 1/256 pixel, halves away from zero; the guard band keeps positions far inside 32 bits.
+std::int32_t Snap(float pixels)
 {
-    RasterTriangle t;
-    double windowX[3], windowY[3], windowZ[3], inverseW[3];
-    for (int i = 0; i < 3; ++i)
-    {
-        const ClipVertex& v = *corner[i];
-        if (!(v.w > 0.0f))
-            return;
-        inverseW[i] = 1.0 / v.w;
-        const double x = (v.x * inverseW[i] + 1.0) * 0.5 * view.width - view.left;
-        const double y = (v.y * inverseW[i] + 1.0) * 0.5 * view.height - view.bottom;
-        t.x[i] = static_cast<std::int32_t>(std::llround(x * SubPixels));
-        t.y[i] = static_cast<std::int32_t>(std::llround(y * SubPixels));
-        windowZ[i] = (v.z * inverseW[i] + 1.0) * 0.5;
-    }
-    std::int64_t area =
-        std::int64_t(t.x[1] - t.x[0]) * (t.y[2] - t.y[0]) - std::int64_t(t.y[1] - t.y[0]) * (t.x[2] - t.x[0]);
-    if (area == 0)
-        return;
-    int order[3] = {0, 1, 2};
-    if (area < 0) // both faces are drawn: turn the back face's corners round
-    {
-        std::swap(order[1], order[2]);
-        std::swap(t.x[1], t.x[2]);
-        std::swap(t.y[1], t.y[2]);
-    }
-    const int minX = std::min({t.x[0], t.x[1], t.x[2]}), maxX = std::max({t.x[0], t.x[1], t.x[2]});
-    const int minY = std::min({t.y[0], t.y[1], t.y[2]}), maxY = std::max({t.y[0], t.y[1], t.y[2]});
-    t.firstColumn = std::max(0, FirstCentreFrom(minX));
-    t.endColumn = std::min(view.pictureWidth, EndCentreTo(maxX));
-    t.firstRow = std::max(0, FirstCentreFrom(minY));
-    t.endRow = std::min(view.pictureHeight, EndCentreTo(maxY));
-    if (t.firstColumn >= t.endColumn || t.firstRow >= t.endRow)
-        return;
-    for (int i = 0; i < 3; ++i)
-    {
-        // Of an edge two triangles share, only the triangle it bounds on the left or from above draws
-        // the pixels whose centres lie on it.
-        const int j = (i + 1) % 3;
-        const int dx = t.x[j] - t.x[i], dy = t.y[j] - t.y[i];
-        t.bias[i] = (dy < 0 || (dy == 0 && dx < 0)) ? 0 : -1;
-        windowX[i] = t.x[i] / double(SubPixels);
-        windowY[i] = t.y[i] / double(SubPixels);
-    }
-    t.originX = static_cast<float>(windowX[0]);
-    t.originY = static_cast<float>(windowY[0]);
-    const double dx1 = windowX[1] - windowX[0], dy1 = windowY[1] - windowY[0];
-    const double dx2 = windowX[2] - windowX[0], dy2 = windowY[2] - windowY[0];
-    const PlaneSolver plane{dx1, dy1, dx2, dy2, 1.0 / (dx1 * dy2 - dx2 * dy1)};
-    const auto corners = [&](const auto& value)
-    { return plane(value(order[0]), value(order[1]), value(order[2])); };
-    t.depth = corners([&](int i) { return windowZ[i]; });
-    // As glPolygonOffset(1, 1): back by the depth's steepest slope and one unit.
-    t.depth[0] += std::max(std::abs(t.depth[1]), std::abs(t.depth[2])) + DepthUnit;
-    t.planes[0] = corners([&](int i) { return inverseW[i]; });
-    t.planes[1] = corners([&](int i) { return corner[i]->nx * inverseW[i]; });
-    t.planes[2] = corners([&](int i) { return corner[i]->ny * inverseW[i]; });
-    t.planes[3] = corners([&](int i) { return corner[i]->nz * inverseW[i]; });
-    t.planes[4] = corners([&](int i) { return corner[i]->fraction * inverseW[i]; });
-    out.push_back(t);
+    const float scaled = pixels * SubPixels;
+    return static_cast<std::int32_t>(scaled + (scaled >= 0.0f ? 0.5f : -0.5f));
 }
 
 // The pixel's colour from its interpolated attributes, as the host's surface shader finds it.
@@ -244,34 +139,83 @@ ClipVertex TransformNode(const SurfaceArrays& mesh, std::uint32_t node, const Ma
     return v;
 }
 
-void SetUpTriangle(const ClipVertex& a, const ClipVertex& b, const ClipVertex& c, const RasterView& view,
-                   std::vector<RasterTriangle>& out)
+TriangleSetUp::TriangleSetUp(const RasterView& view) : m_view(view)
 {
-    if (!Finite(a) || !Finite(b) || !Finite(c))
-        return;
-    const std::array<ClipPlane, 6> planes = ClipPlanes(view);
-    unsigned outside[3] = {0, 0, 0};
-    const ClipVertex* corners[3] = {&a, &b, &c};
-    for (int i = 0; i < 3; ++i)
-        for (std::size_t p = 0; p < planes.size(); ++p)
-            outside[i] |= (planes[p].distance(*corners[i]) < 0.0f ? 1u : 0u) << p;
-    if (outside[0] & outside[1] & outside[2])
-        return; // wholly outside one plane
-    if ((outside[0] | outside[1] | outside[2]) == 0)
+    // The near and far planes, and a guard band around the picture: pieces reaching further out are cut
+    // so that their snapped corners stay small enough for exact edge arithmetic in 64 bits, while most
+    // triangles that only stick out of the picture are drawn whole. Window x = (x / w + 1) width / 2 -
+    // left is kept within [-margin, pictureWidth + margin], and y likewise.
+    const float margin = 4.0f * static_cast<float>(view.pictureWidth + view.pictureHeight) + 64.0f;
+    const auto lower = [margin](int size, int offset) {
+        return Plane{0.5f * size, 0.0f, 0.0f, 0.5f * size - static_cast<float>(offset) + margin};
+    };
+    const auto upper = [margin](int size, int offset, int pictureSize) {
+        return Plane{-0.5f * size, 0.0f, 0.0f,
+                     static_cast<float>(pictureSize + offset) + margin - 0.5f * size};
+    };
+    Plane bottom = lower(view.height, view.bottom), top = upper(view.height, view.bottom, view.pictureHeight);
+    std::swap(bottom.a, bottom.b);
+    std::swap(top.a, top.b);
+    m_planes = {Plane{0, 0, 1, 1},
+                Plane{0, 0, -1, 1},
+                lower(view.width, view.left),
+                upper(view.width, view.left, view.pictureWidth),
+                bottom,
+                top};
+}
+
+TriangleSetUp::Node TriangleSetUp::place(const ClipVertex& vertex) const
+{
+    Node node{vertex, {}, 0};
+    if (!std::isfinite(vertex.x) || !std::isfinite(vertex.y) || !std::isfinite(vertex.z) ||
+        !std::isfinite(vertex.w))
     {
-        SetUpPiece(corners, view, out);
+        node.outside = ~0u;
+        return node;
+    }
+    for (std::size_t p = 0; p < m_planes.size(); ++p)
+        node.outside |= (m_planes[p].distance(vertex) < 0.0f ? 1u : 0u) << p;
+    if (node.outside == 0)
+        node.window = toWindow(vertex);
+    return node;
+}
+
+WindowVertex TriangleSetUp::toWindow(const ClipVertex& v) const
+{
+    const float q = 1.0f / v.w; // w > 0 inside the near plane
+    WindowVertex window;
+    window.x =
+        Snap((v.x * q + 1.0f) * 0.5f * static_cast<float>(m_view.width) - static_cast<float>(m_view.left));
+    window.y =
+        Snap((v.y * q + 1.0f) * 0.5f * static_cast<float>(m_view.height) - static_cast<float>(m_view.bottom));
+    window.z = (v.z * q + 1.0f) * 0.5f;
+    window.overW = {q, v.nx * q, v.ny * q, v.nz * q, v.fraction * q};
+    return window;
+}
+
+void TriangleSetUp::operator()(const Node& a, const Node& b, const Node& c,
+                               std::vector<RasterTriangle>& out) const
+{
+    if (a.outside & b.outside & c.outside)
+        return; // wholly outside one plane (or not a number)
+    if ((a.outside | b.outside | c.outside) == 0)
+    {
+        const WindowVertex* corners[3] = {&a.window, &b.window, &c.window};
+        setUpPiece(corners, out);
         return;
     }
+    if ((a.outside | b.outside | c.outside) == ~0u)
+        return; // a corner that is not a number
     // Cut at each plane a corner lies outside of, then draw the polygon left as a fan.
     ClipVertex buffers[2][9];
     int count = 3;
     ClipVertex* polygon = buffers[0];
     ClipVertex* next = buffers[1];
-    polygon[0] = a;
-    polygon[1] = b;
-    polygon[2] = c;
-    const unsigned crossed = outside[0] | outside[1] | outside[2];
-    for (std::size_t p = 0; p < planes.size() && count >= 3; ++p)
+    polygon[0] = a.clip;
+    polygon[1] = b.clip;
+    polygon[2] = c.clip;
+    const unsigned crossed = a.outside | b.outside | c.outside;
+    for (std::size_t p = 0; p < m_planes.size() && count >= 3; ++p)
     {
         if (!(crossed & (1u << p)))
             continue;
@@ -280,7 +224,7 @@ void SetUpTriangle(const ClipVertex& a, const ClipVertex& b, const ClipVertex& c
         {
             const ClipVertex& from = polygon[i];
             const ClipVertex& to = polygon[(i + 1) % count];
-            const float d0 = planes[p].distance(from), d1 = planes[p].distance(to);
+            const float d0 = m_planes[p].distance(from), d1 = m_planes[p].distance(to);
             if (d0 >= 0.0f)
                 next[kept++] = from;
             if ((d0 >= 0.0f) != (d1 >= 0.0f))
@@ -289,11 +233,75 @@ void SetUpTriangle(const ClipVertex& a, const ClipVertex& b, const ClipVertex& c
         count = kept;
         std::swap(polygon, next);
     }
+    WindowVertex window[9];
+    for (int i = 0; i < count; ++i)
+    {
+        if (!(polygon[i].w > 0.0f))
+            return; // cut to nothing by rounding
+        window[i] = toWindow(polygon[i]);
+    }
     for (int i = 1; i + 1 < count; ++i)
     {
-        const ClipVertex* piece[3] = {&polygon[0], &polygon[i], &polygon[i + 1]};
-        SetUpPiece(piece, view, out);
+        const WindowVertex* piece[3] = {&window[0], &window[i], &window[i + 1]};
+        setUpPiece(piece, out);
     }
+}
+
+void TriangleSetUp::setUpPiece(const WindowVertex* corner[3], std::vector<RasterTriangle>& out) const
+{
+    RasterTriangle t;
+    for (int i = 0; i < 3; ++i)
+    {
+        t.x[i] = corner[i]->x;
+        t.y[i] = corner[i]->y;
+    }
+    // Most triangles of a big mesh are small: those that reach no pixel centre are left first.
+    const int minX = std::min({t.x[0], t.x[1], t.x[2]}), maxX = std::max({t.x[0], t.x[1], t.x[2]});
+    const int minY = std::min({t.y[0], t.y[1], t.y[2]}), maxY = std::max({t.y[0], t.y[1], t.y[2]});
+    t.firstColumn = std::max(0, FirstCentreFrom(minX));
+    t.endColumn = std::min(m_view.pictureWidth, EndCentreTo(maxX));
+    t.firstRow = std::max(0, FirstCentreFrom(minY));
+    t.endRow = std::min(m_view.pictureHeight, EndCentreTo(maxY));
+    if (t.firstColumn >= t.endColumn || t.firstRow >= t.endRow)
+        return;
+    const std::int64_t area =
+        std::int64_t(t.x[1] - t.x[0]) * (t.y[2] - t.y[0]) - std::int64_t(t.y[1] - t.y[0]) * (t.x[2] - t.x[0]);
+    if (area == 0)
+        return;
+    if (area < 0) // both faces are drawn: turn the back face's corners round
+    {
+        std::swap(corner[1], corner[2]);
+        std::swap(t.x[1], t.x[2]);
+        std::swap(t.y[1], t.y[2]);
+    }
+    for (int i = 0; i < 3; ++i)
+    {
+        // Of an edge two triangles share, only the triangle it bounds on the left or from above draws
+        // the pixels whose centres lie on it.
+        const int j = (i + 1) % 3;
+        const int dx = t.x[j] - t.x[i], dy = t.y[j] - t.y[i];
+        t.bias[i] = (dy < 0 || (dy == 0 && dx < 0)) ? 0 : -1;
+    }
+    constexpr float Pixel = 1.0f / SubPixels;
+    t.originX = static_cast<float>(t.x[0]) * Pixel;
+    t.originY = static_cast<float>(t.y[0]) * Pixel;
+    const float dx1 = static_cast<float>(t.x[1] - t.x[0]) * Pixel,
+                dy1 = static_cast<float>(t.y[1] - t.y[0]) * Pixel;
+    const float dx2 = static_cast<float>(t.x[2] - t.x[0]) * Pixel,
+                dy2 = static_cast<float>(t.y[2] - t.y[0]) * Pixel;
+    const float inverse = 1.0f / (static_cast<float>(std::abs(area)) * (Pixel * Pixel));
+    // The plane through three values at the corners: value at corner 0, d/dx, d/dy.
+    const auto plane = [&](float v0, float v1, float v2)
+    {
+        const float d1 = v1 - v0, d2 = v2 - v0;
+        return std::array<float, 3>{v0, (d1 * dy2 - d2 * dy1) * inverse, (dx1 * d2 - dx2 * d1) * inverse};
+    };
+    t.depth = plane(corner[0]->z, corner[1]->z, corner[2]->z);
+    // As glPolygonOffset(1, 1): back by the depth's steepest slope and one unit.
+    t.depth[0] += std::max(std::abs(t.depth[1]), std::abs(t.depth[2])) + DepthUnit;
+    for (std::size_t k = 0; k < t.planes.size(); ++k)
+        t.planes[k] = plane(corner[0]->overW[k], corner[1]->overW[k], corner[2]->overW[k]);
+    out.push_back(t);
 }
 
 void FillRows(const RasterTriangle& t, int firstRow, int endRow, const SurfaceLook& look,

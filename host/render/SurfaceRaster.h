@@ -53,10 +53,11 @@ struct SurfaceLook
 // The arrays of a surface mesh, which the rasteriser only reads.
 struct SurfaceArrays
 {
-    const float* positions = nullptr; // x, y, z per node
-    const float* normals = nullptr;   // x, y, z per node
-    const float* scalars = nullptr;   // one per node, or null
-    const std::uint32_t* triangles = nullptr;
+    const float* positions = nullptr;            // x, y, z per node
+    const float* normals = nullptr;              // x, y, z per node
+    const float* scalars = nullptr;              // one per node, or null
+    const std::uint16_t* shortCorners = nullptr; // of the parts kept in 16 bits (see TrianglePart)
+    const std::uint32_t* longCorners = nullptr;
 };
 
 // A node as the picture sees it: clip coordinates, then the eye-space normal and the colour map fraction.
@@ -69,11 +70,20 @@ struct ClipVertex
 ClipVertex TransformNode(const SurfaceArrays& mesh, std::uint32_t node, const Matrix4& modelToClip,
                          const Matrix4& modelToEye, const SurfaceLook& look);
 
+// A node inside every clip plane, in the window: snapped position, depth, and 1/w and the attributes
+// divided by w, which are what is interpolated linearly over the picture.
+struct WindowVertex
+{
+    std::int32_t x, y; // 1/256 pixel
+    float z;
+    std::array<float, 5> overW;
+};
+
 // A triangle set up for filling: snapped corners and the planes of what is interpolated over it.
 struct RasterTriangle
 {
     std::int32_t x[3], y[3]; // 1/256 pixel, counter-clockwise
-    std::int64_t bias[3]; // 0 where the edge's own pixels are drawn, -1 where they are left to the neighbour
+    std::int8_t bias[3];  // 0 where the edge's own pixels are drawn, -1 where they are left to the neighbour
     int firstRow, endRow; // of the picture, whose centres it may cover
     int firstColumn, endColumn;
     float originX, originY; // corner 0 in pixels: the planes are taken from there
@@ -94,10 +104,37 @@ struct RasterView
     int pictureHeight = 0;
 };
 
-// Clips the triangle and sets up the pieces that reach a pixel centre of the picture, appending them.
-// Triangles with a corner that is not a finite number are left out.
-void SetUpTriangle(const ClipVertex& a, const ClipVertex& b, const ClipVertex& c, const RasterView& view,
-                   std::vector<RasterTriangle>& out);
+// Sets up a view's triangles for filling. Each node is placed once (against the clip planes and, when
+// inside them all, in the window); a triangle of placed nodes is then clipped only when it crosses a plane.
+class TriangleSetUp
+{
+public:
+    explicit TriangleSetUp(const RasterView& view);
+
+    struct Node
+    {
+        ClipVertex clip;
+        WindowVertex window; // when outside is 0
+        unsigned outside;    // a bit for each clip plane the node lies outside of; all when not finite
+    };
+    Node place(const ClipVertex& vertex) const;
+    // Appends the pieces of the triangle that reach a pixel centre of the picture.
+    void operator()(const Node& a, const Node& b, const Node& c, std::vector<RasterTriangle>& out) const;
+
+    // A plane a x + b y + c z + d w >= 0 of clip space, inside which a triangle is kept.
+    struct Plane
+    {
+        float a, b, c, d;
+        float distance(const ClipVertex& v) const { return a * v.x + b * v.y + c * v.z + d * v.w; }
+    };
+
+private:
+    WindowVertex toWindow(const ClipVertex& vertex) const;
+    void setUpPiece(const WindowVertex* corner[3], std::vector<RasterTriangle>& out) const;
+
+    RasterView m_view;
+    std::array<Plane, 6> m_planes;
+};
 
 // Draws the triangle's pixels in rows [firstRow, endRow) (within its own rows) that pass the depth test.
 void FillRows(const RasterTriangle& triangle, int firstRow, int endRow, const SurfaceLook& look,

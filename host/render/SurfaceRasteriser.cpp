@@ -19,8 +19,15 @@ int Threads(int asked)
 SurfaceRasteriser::SurfaceRasteriser(int threads, int bandsPerThread)
     : m_pool(Threads(threads)), m_bandsPerThread(std::max(1, bandsPerThread))
 {
-    // Parts set up at a time: enough that each core has several, so that none waits long for the others.
-    m_parts.resize(static_cast<std::size_t>(4 * m_pool.threads()));
+    // Parts set up at a time: two a core, so that none waits long for the others. Their memory is taken
+    // at once, at its size, here (not by the threads, each of which would keep its own heap).
+    m_parts.resize(static_cast<std::size_t>(2 * m_pool.threads()));
+    for (SetUpPart& part : m_parts)
+    {
+        part.nodes.reserve(PartTriangles);
+        part.triangles.reserve(PartTriangles + PartTriangles / 8);
+        part.byBand.reserve(PartTriangles + PartTriangles / 4);
+    }
 }
 
 void SurfaceRasteriser::draw(const SurfaceArrays& mesh, const std::vector<const TrianglePart*>& parts,
@@ -31,34 +38,44 @@ void SurfaceRasteriser::draw(const SurfaceArrays& mesh, const std::vector<const 
         return;
     const int bands = std::min(view.pictureHeight, m_pool.threads() * m_bandsPerThread);
     m_job = {&mesh, &camera, &look, view, bands, (view.pictureHeight + bands - 1) / bands};
+    const TriangleSetUp setUpTriangle(view);
     const std::size_t perRound = m_parts.size();
     for (std::size_t first = 0; first < parts.size(); first += perRound)
     {
         const int count = static_cast<int>(std::min(perRound, parts.size() - first));
-        m_pool.run(count, [&](int i) { setUp(*parts[first + i], m_parts[i]); });
+        m_pool.run(count, [&](int i) { setUp(*parts[first + i], setUpTriangle, m_parts[i]); });
         m_pool.run(bands, [&](int band) { fillBand(band, count, picture); });
     }
 }
 
-void SurfaceRasteriser::setUp(const TrianglePart& part, SetUpPart& out) const
+void SurfaceRasteriser::setUp(const TrianglePart& part, const TriangleSetUp& setUpTriangle,
+                              SetUpPart& out) const
 {
     const SurfaceArrays& mesh = *m_job.mesh;
     const auto transform = [&](std::uint32_t node)
-    { return TransformNode(mesh, node, m_job.camera->modelToClip, m_job.camera->modelToEye, *m_job.look); };
-    const std::uint32_t* corners = mesh.triangles + 3 * part.firstTriangle;
+    {
+        return setUpTriangle.place(
+            TransformNode(mesh, node, m_job.camera->modelToClip, m_job.camera->modelToEye, *m_job.look));
+    };
     const std::size_t cornerCount = 3 * part.triangleCount;
+    // A corner's node, counted from the part's lowest.
+    const auto offset = [&](std::size_t corner) -> std::uint32_t
+    {
+        return part.shortCorners ? mesh.shortCorners[part.firstCorner + corner]
+                                 : mesh.longCorners[part.firstCorner + corner] - part.lowestNode;
+    };
     // Nodes numbered close together are transformed once each, by number; scattered ones once a corner.
     const std::size_t span = std::size_t(part.highestNode) - part.lowestNode + 1;
     const bool byNumber = span <= cornerCount;
     out.nodes.resize(byNumber ? span : cornerCount);
     for (std::size_t i = 0; i < out.nodes.size(); ++i)
-        out.nodes[i] = transform(byNumber ? part.lowestNode + static_cast<std::uint32_t>(i) : corners[i]);
-    const auto node = [&](std::size_t corner) -> const ClipVertex&
-    { return out.nodes[byNumber ? corners[corner] - part.lowestNode : corner]; };
+        out.nodes[i] = transform(part.lowestNode + static_cast<std::uint32_t>(byNumber ? i : offset(i)));
+    const auto node = [&](std::size_t corner) -> const TriangleSetUp::Node&
+    { return out.nodes[byNumber ? offset(corner) : corner]; };
 
     out.triangles.clear();
     for (std::size_t corner = 0; corner < cornerCount; corner += 3)
-        SetUpTriangle(node(corner), node(corner + 1), node(corner + 2), m_job.view, out.triangles);
+        setUpTriangle(node(corner), node(corner + 1), node(corner + 2), out.triangles);
 
     // Sorted into bands by counting: how many reach each band, where each band starts, then the triangles.
     const int bands = m_job.bands, rows = m_job.bandRows;

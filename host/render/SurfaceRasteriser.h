@@ -27,7 +27,7 @@ private:
     // A part set up: its triangles and, band by band, which of them reach the band's rows.
     struct SetUpPart
     {
-        std::vector<ClipVertex> nodes;
+        std::vector<TriangleSetUp::Node> nodes;
         std::vector<RasterTriangle> triangles;
         std::vector<std::uint32_t>
             bandStart; // band b's triangles are byBand[bandStart[b] .. bandStart[b + 1])
@@ -35,7 +35,7 @@ private:
         std::vector<std::uint32_t> cursor; // where the next triangle of each band goes, while sorting
     };
 
-    void setUp(const TrianglePart& part, SetUpPart& out) const;
+    void setUp(const TrianglePart& part, const TriangleSetUp& setUpTriangle, SetUpPart& out) const;
     void fillBand(int band, int partCount, RasterPicture& picture) const;
 
     WorkerPool m_pool;

@@ -6,14 +6,15 @@
 namespace vantix::host::detail
 {
 
-std::vector<TrianglePart> SplitIntoParts(const SurfaceGeometry& mesh)
+PackedTriangles PackTriangles(const SurfaceGeometry& mesh)
 {
-    std::vector<TrianglePart> parts;
+    PackedTriangles packed;
     const std::size_t triangles = mesh.triangleCount();
+    // The parts first, so that each array is made at its size at once.
+    std::size_t shortCount = 0, longCount = 0;
     for (std::size_t first = 0; first < triangles; first += PartTriangles)
     {
         TrianglePart part;
-        part.firstTriangle = first;
         part.triangleCount = std::min(PartTriangles, triangles - first);
         part.lowestNode = std::numeric_limits<std::uint32_t>::max();
         std::array<float, 3> low, high;
@@ -32,9 +33,25 @@ std::vector<TrianglePart> SplitIntoParts(const SurfaceGeometry& mesh)
         }
         for (int axis = 0; axis < 3; ++axis)
             part.centre[axis] = 0.5f * (low[axis] + high[axis]);
-        parts.push_back(part);
+        part.shortCorners = part.highestNode - part.lowestNode <= std::numeric_limits<std::uint16_t>::max();
+        std::size_t& count = part.shortCorners ? shortCount : longCount;
+        part.firstCorner = count;
+        count += 3 * part.triangleCount;
+        packed.parts.push_back(part);
     }
-    return parts;
+    packed.shortCorners.reserve(shortCount);
+    packed.longCorners.reserve(longCount);
+    std::size_t corner = 0;
+    for (const TrianglePart& part : packed.parts)
+        for (const std::size_t end = corner + 3 * part.triangleCount; corner < end; ++corner)
+        {
+            if (part.shortCorners)
+                packed.shortCorners.push_back(
+                    static_cast<std::uint16_t>(mesh.triangles[corner] - part.lowestNode));
+            else
+                packed.longCorners.push_back(mesh.triangles[corner]);
+        }
+    return packed;
 }
 
 void FrontToBack(const std::vector<TrianglePart>& parts, const std::array<float, 16>& modelToEye,
