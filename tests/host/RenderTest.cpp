@@ -1,5 +1,6 @@
-// Pictures of the page: the projection of a view, reference pictures of a simple scene, the
-// streamtrace markers and dashes, the frame axis, colours over time, regions of several frames, the
+// Pictures of the page: the projection of a view, reference pictures of a simple scene, surfaces at the
+// drawing's limits (slivers, walls around the viewer, nodes that are not numbers, frames off the paper),
+// the streamtrace markers and dashes, the frame axis, colours over time, regions of several frames, the
 // redraw hook with drawing suspended and PNG files.
 //
 // The reference pictures in tests/host/reference/ come from this renderer (checked by eye when they were
@@ -255,6 +256,84 @@ TEST_F(RenderTest, AMeshDrawnInPartsLeavesNoTriangleOut)
         host::loadDataSet("square", {Square(0.5, 1.0)});
         LookDown(1.5);
         EXPECT_LE(DifferentPixels(parts, Render(), 2), 4) << (scattered ? "scattered" : "close together");
+    }
+}
+
+// Surfaces that meet the drawing's limits: a disc of slivers drawn from its centre and from its rim
+// covers the same pixels (an edge two triangles share drawn by neither would show the background);
+// inside a closed box, whose walls pass beside and behind the viewer, nothing of the background shows;
+// a node that is not a number leaves out only its own triangles.
+TEST_F(RenderTest, SliversWallsAroundTheViewerAndNodesThatAreNotNumbersLeaveNoGap)
+{
+    constexpr int Rim = 720;
+    constexpr double Pi = 3.14159265358979323846;
+    const auto disc = [](bool fromCentre)
+    {
+        host::SurfaceZoneData zone{"disc", 0.0, 0, {{0.0, 0.0, 0.0}}, {}, {}};
+        for (int i = 0; i < Rim; ++i)
+            zone.nodes.push_back({0.45 * std::cos(2 * Pi * i / Rim), 0.45 * std::sin(2 * Pi * i / Rim), 0.0});
+        for (int i = 0; i < Rim; ++i)
+        {
+            if (fromCentre)
+                zone.triangles.push_back({0, 1 + i, 1 + (i + 1) % Rim});
+            else if (i >= 1 && i + 1 < Rim)
+                zone.triangles.push_back({1, 1 + i, 2 + i});
+        }
+        return zone;
+    };
+    host::loadDataSet("disc", {disc(true)});
+    LookDown(1.5);
+    const Image fromCentre = Render();
+    host::loadDataSet("disc", {disc(false)});
+    LookDown(1.5);
+    EXPECT_LE(DifferentPixels(fromCentre, Render(), 2), 4);
+
+    // The background alone, from a frame with no data set.
+    const UniqueID_t empty = host::addFrame();
+    host::setFramePlacement(empty, {0.0, 0.0, 0.64, 0.48});
+    const Image background = Render();
+    host::activateFrame(m_frame);
+    host::SurfaceZoneData box = Cube();
+    for (host::Point3& node : box.nodes)
+        for (double& coordinate : node)
+            coordinate = 20.0 * (coordinate - 0.5);
+    host::loadDataSet("box", {box});
+    for (const double distance : {5.0, 9.0})
+    {
+        LookDown(1.0, true, 100.0, distance);
+        EXPECT_EQ(0, 64 * 48 - DifferentPixels(background, Render(), 1)) << "from " << distance;
+    }
+
+    const double nan = std::nan("");
+    host::SurfaceZoneData broken = Square(0.5, 1.0);
+    broken.nodes.push_back({nan, 0.0, 0.0});
+    broken.nodes.push_back({0.0, nan, 0.0});
+    broken.triangles.push_back({0, 4, 2});
+    broken.triangles.push_back({5, 1, 3});
+    broken.scalar.insert(broken.scalar.end(), {nan, 1.0});
+    host::loadDataSet("square", {Square(0.5, 1.0)});
+    LookDown(1.5);
+    const Image square = Render();
+    host::loadDataSet("broken", {broken});
+    LookDown(1.5);
+    EXPECT_LE(DifferentPixels(square, Render(), 2), 4);
+}
+
+// A frame that reaches off the paper shows the part on it as that part looks when the frame is drawn whole.
+TEST_F(RenderTest, AFrameReachingOffThePaperShowsItsPartOnThePaperAsDrawnWhole)
+{
+    SetStreamTiming(0.25, 0.5, true, false);
+    host::loadDataSet("cube and streamtrace", {Cube(), Line(-0.5, 1.5, 0.5, 1.3)});
+    for (const bool perspective : {false, true})
+    {
+        host::setStyle({"ThreeDView", "DrawInPerspective"}, perspective);
+        host::setFramePlacement(m_frame, {0.0, 0.0, 0.64, 0.48});
+        const Image whole = Render();
+        // Its left half off the paper's left edge, its lower half off the bottom (the paper is 11 x 8.5).
+        host::setFramePlacement(m_frame, {-0.32, 8.26, 0.64, 0.48});
+        const Image paper = host::renderRegion(ExportRegion_WorkArea, 1100, 850);
+        EXPECT_LE(DifferentPixels(paper, SubImage(whole, 32, 0, 32, 24), 12, 0, 826), 8)
+            << (perspective ? "perspective" : "orthographic");
     }
 }
 
