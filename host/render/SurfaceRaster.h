@@ -32,8 +32,19 @@ struct RasterPicture
     void fillRow(int y, std::uint32_t rowColour);
 };
 
+// A value in [0, 1]; one that is not a number counts as 0.
+inline float Saturate(float value)
+{
+    return value > 0.0f ? (value < 1.0f ? value : 1.0f) : 0.0f;
+}
+
 // A colour in [0, 1] a channel as the picture keeps it (alpha opaque), rounded as GL rounds.
-std::uint32_t PackColour(float red, float green, float blue);
+inline std::uint32_t PackColour(float red, float green, float blue)
+{
+    const auto channel = [](float value)
+    { return static_cast<std::uint32_t>(Saturate(value) * 255.0f + 0.5f); };
+    return channel(red) | channel(green) << 8 | channel(blue) << 16 | 0xff000000u;
+}
 
 // How a surface is lit and coloured, as the host's surface shader does it.
 struct SurfaceLook

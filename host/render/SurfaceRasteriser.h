@@ -18,7 +18,7 @@ class SurfaceRasteriser
 {
 public:
     // threads: 0 for one a core. Each thread fills bandsPerThread bands of the picture's rows.
-    explicit SurfaceRasteriser(int threads = 0, int bandsPerThread = 4);
+    explicit SurfaceRasteriser(int threads = 0, int bandsPerThread = 12);
 
     void draw(const SurfaceArrays& mesh, const std::vector<const TrianglePart*>& parts, const Camera& camera,
               const SurfaceLook& look, const RasterView& view, RasterPicture& picture);
