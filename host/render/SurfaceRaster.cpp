@@ -325,6 +325,30 @@ void TriangleSetUp::setUpPiece(const WindowVertex* corner[3], std::vector<Raster
     out.push_back(t);
 }
 
+// Rows of triangles at most this wide are walked pixel by pixel; wider ones find where each row's
+// covered pixels start and end, which costs divisions.
+constexpr int NarrowColumns = 8;
+
+// The pixels [first, end) of a row of count pixels whose centres the triangle covers, from the edge
+// values at the first one and their steps from pixel to pixel. A triangle is convex, so they are one run.
+std::pair<int, int> CoveredSpan(const std::int64_t (&start)[3], const std::int64_t (&step)[3], int count)
+{
+    std::int64_t first = 0, end = count;
+    for (int i = 0; i < 3; ++i)
+    {
+        if (step[i] > 0) // covered from where the edge value reaches 0
+        {
+            if (start[i] < 0)
+                first = std::max(first, (-start[i] + step[i] - 1) / step[i]);
+        }
+        else if (step[i] < 0) // covered until the edge value falls below 0
+            end = std::min(end, start[i] < 0 ? std::int64_t(0) : start[i] / -step[i] + 1);
+        else if (start[i] < 0)
+            return {0, 0};
+    }
+    return {static_cast<int>(first), static_cast<int>(std::max(first, end))};
+}
+
 void FillRows(const RasterTriangle& t, int firstRow, int endRow, const SurfaceLook& look,
               RasterPicture& picture)
 {
@@ -342,33 +366,38 @@ void FillRows(const RasterTriangle& t, int firstRow, int endRow, const SurfaceLo
         rowStart[i] = dx * (startY - t.y[i]) - dy * (startX - t.x[i]) + t.bias[i];
     }
     const auto& [q, nx, ny, nz, f] = t.planes;
-    const float firstX = static_cast<float>(t.firstColumn) + 0.5f - t.originX;
+    const int columns = t.endColumn - t.firstColumn;
     for (int row = firstRow; row < endRow; ++row)
     {
         const float y = static_cast<float>(row) + 0.5f - t.originY;
-        std::int64_t e0 = rowStart[0], e1 = rowStart[1], e2 = rowStart[2];
-        float* depth = picture.depth.data() + static_cast<std::size_t>(row) * picture.width;
-        std::uint32_t* colour = picture.colour.data() + static_cast<std::size_t>(row) * picture.width;
-        float x = firstX;
-        for (int column = t.firstColumn; column < t.endColumn; ++column, x += 1.0f)
+        float* depth = picture.depth.data() + static_cast<std::size_t>(row) * picture.width + t.firstColumn;
+        std::uint32_t* colour =
+            picture.colour.data() + static_cast<std::size_t>(row) * picture.width + t.firstColumn;
+        const auto shade = [&](int k, float x)
         {
-            if ((e0 | e1 | e2) >= 0)
-            {
-                const float z = Saturate(t.depth[0] + t.depth[1] * x + t.depth[2] * y);
-                if (z <= depth[column])
-                {
-                    depth[column] = z;
-                    const float w = 1.0f / (q[0] + q[1] * x + q[2] * y);
-                    const auto at = [x, y, w](const std::array<float, 3>& p)
-                    { return (p[0] + p[1] * x + p[2] * y) * w; };
-                    const float normal[3] = {at(nx), at(ny), at(nz)};
-                    colour[column] = Shade(look, static_cast<float>(column) + 0.5f,
-                                           static_cast<float>(row) + 0.5f, normal, at(f));
-                }
-            }
-            e0 += stepX[0];
-            e1 += stepX[1];
-            e2 += stepX[2];
+            const float z = Saturate(t.depth[0] + t.depth[1] * x + t.depth[2] * y);
+            if (!(z <= depth[k]))
+                return;
+            depth[k] = z;
+            const float w = 1.0f / (q[0] + q[1] * x + q[2] * y);
+            const auto at = [x, y, w](const std::array<float, 3>& p)
+            { return (p[0] + p[1] * x + p[2] * y) * w; };
+            const float normal[3] = {at(nx), at(ny), at(nz)};
+            colour[k] = Shade(look, x + t.originX, y + t.originY, normal, at(f));
+        };
+        const float firstX = static_cast<float>(t.firstColumn) + 0.5f - t.originX;
+        if (columns <= NarrowColumns)
+        {
+            std::int64_t e0 = rowStart[0], e1 = rowStart[1], e2 = rowStart[2];
+            for (int k = 0; k < columns; ++k, e0 += stepX[0], e1 += stepX[1], e2 += stepX[2])
+                if ((e0 | e1 | e2) >= 0)
+                    shade(k, firstX + static_cast<float>(k));
+        }
+        else
+        {
+            const auto [first, end] = CoveredSpan(rowStart, stepX, columns);
+            for (int k = first; k < end; ++k)
+                shade(k, firstX + static_cast<float>(k));
         }
         for (int i = 0; i < 3; ++i)
             rowStart[i] += stepY[i];
