@@ -1,10 +1,8 @@
 #include "render/SurfaceRaster.h"
+#include "render/SurfaceShading.h"
 
 #include <algorithm>
 #include <cmath>
-#ifdef __SSE__
-#include <xmmintrin.h>
-#endif
 
 namespace vantix::host::detail
 {
@@ -17,8 +15,6 @@ constexpr int SubPixelBits = 8;
 constexpr int HalfPixel = SubPixels / 2;
 // One unit of depth offset: the smallest difference a depth of 24 bits tells apart.
 constexpr float DepthUnit = 1.0f / (1 << 24);
-// The light comes from over the viewer's left shoulder, and moves with the viewer.
-constexpr float Light[3] = {-0.36f, 0.46f, 0.81f};
 
 ClipVertex Mix(const ClipVertex& p, const ClipVertex& q, float t)
 {
@@ -44,79 +40,6 @@ std::int32_t Snap(float pixels)
 {
     const float scaled = pixels * SubPixels;
     return static_cast<std::int32_t>(scaled + (scaled >= 0.0f ? 0.5f : -0.5f));
-}
-
-// 1 / sqrt(x): the processor's estimate and one Newton step (within a few parts in 10^7), several
-// times as fast as a square root and a division, which shading a pixel needs three of.
-float InverseSqrt(float x)
-{
-#ifdef __SSE__
-    const float estimate = _mm_cvtss_f32(_mm_rsqrt_ss(_mm_set_ss(x)));
-    return estimate * (1.5f - 0.5f * x * estimate * estimate);
-#else
-    return 1.0f / std::sqrt(x);
-#endif
-}
-
-float Dot(const float (&a)[3], const float (&b)[3])
-{
-    return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
-}
-
-// The unit vector half way between the light and the direction to the viewer.
-void HalfWay(const float (&toViewer)[3], float (&half)[3])
-{
-    for (int c = 0; c < 3; ++c)
-        half[c] = Light[c] + toViewer[c];
-    const float scale = InverseSqrt(Dot(half, half));
-    for (float& v : half)
-        v *= scale;
-}
-
-// In an orthographic view the viewer is in the same direction everywhere.
-const std::array<float, 3> OrthographicHalf = []
-{
-    float half[3];
-    HalfWay({0.0f, 0.0f, 1.0f}, half);
-    return std::array<float, 3>{half[0], half[1], half[2]};
-}();
-
-// The pixel's colour from its interpolated attributes, as the host's surface shader finds it.
-std::uint32_t Shade(const SurfaceLook& look, float centreX, float centreY, const float (&normal)[3],
-                    float fraction)
-{
-    float base[3] = {look.plainColour[0], look.plainColour[1], look.plainColour[2]};
-    if (look.colormap)
-    {
-        // Linear between the centres of the map's 256 entries.
-        const float at = Saturate(fraction) * 255.0f;
-        const int low = std::min(static_cast<int>(at), 254);
-        const float t = at - static_cast<float>(low);
-        const std::uint8_t* entry = look.colormap + 3 * low;
-        for (int c = 0; c < 3; ++c)
-            base[c] = (entry[c] + (entry[c + 3] - entry[c]) * t) * (1.0f / 255.0f);
-    }
-    float toViewer[3] = {0.0f, 0.0f, 1.0f};
-    float half[3] = {OrthographicHalf[0], OrthographicHalf[1], OrthographicHalf[2]};
-    if (look.perspective)
-    {
-        toViewer[0] = centreX * look.pixelToViewer[0] + look.pixelToViewer[2];
-        toViewer[1] = centreY * look.pixelToViewer[1] + look.pixelToViewer[3];
-        const float scale = InverseSqrt(toViewer[0] * toViewer[0] + toViewer[1] * toViewer[1] + 1.0f);
-        for (float& v : toViewer)
-            v *= scale;
-        HalfWay(toViewer, half);
-    }
-    // The normal made a unit vector, turned towards the viewer: both sides of a surface are lit alike.
-    float scale = InverseSqrt(Dot(normal, normal));
-    if (Dot(normal, toViewer) < 0.0f)
-        scale = -scale;
-    const float lambert = std::max(Dot(normal, Light) * scale, 0.0f);
-    const float h = std::max(Dot(normal, half) * scale, 0.0f);
-    const float h2 = h * h, h4 = h2 * h2, h8 = h4 * h4, h16 = h8 * h8;
-    const float shine = look.diffuse * h16 * h16 * h16 * 0.25f;
-    const float lit = look.ambient + look.diffuse * lambert;
-    return PackColour(base[0] * lit + shine, base[1] * lit + shine, base[2] * lit + shine);
 }
 
 } // namespace
@@ -248,8 +171,12 @@ void TriangleSetUp::operator()(const Node& a, const Node& b, const Node& c,
             const float d0 = m_planes[p].distance(from), d1 = m_planes[p].distance(to);
             if (d0 >= 0.0f)
                 next[kept++] = from;
-            if ((d0 >= 0.0f) != (d1 >= 0.0f))
+            // Always from the corner inside to the one outside, so that two triangles sharing the edge
+            // cut it at exactly the same point.
+            if (d0 >= 0.0f && d1 < 0.0f)
                 next[kept++] = Mix(from, to, d0 / (d0 - d1));
+            else if (d0 < 0.0f && d1 >= 0.0f)
+                next[kept++] = Mix(to, from, d1 / (d1 - d0));
         }
         count = kept;
         std::swap(polygon, next);
@@ -325,6 +252,20 @@ void TriangleSetUp::setUpPiece(const WindowVertex* corner[3], std::vector<Raster
     out.push_back(t);
 }
 
+namespace
+{
+
+// The colour of pixels at (x, y) from the triangle's corner 0, from the attributes interpolated there.
+template <typename Real>
+void ShadeAt(const RasterTriangle& t, const SurfaceLook& look, Real x, Real y, Real (&rgb)[3])
+{
+    const auto& [q, nx, ny, nz, f] = t.planes;
+    const Real w = 1.0f / (q[0] + q[1] * x + q[2] * y);
+    const auto at = [x, y, w](const std::array<float, 3>& p) { return (p[0] + p[1] * x + p[2] * y) * w; };
+    const Real normal[3] = {at(nx), at(ny), at(nz)};
+    ShadePixels<Real>(look, x + t.originX, y + t.originY, normal, at(f), rgb);
+}
+
 // Rows of triangles at most this wide are walked pixel by pixel; wider ones find where each row's
 // covered pixels start and end, which costs divisions.
 constexpr int NarrowColumns = 8;
@@ -349,6 +290,8 @@ std::pair<int, int> CoveredSpan(const std::int64_t (&start)[3], const std::int64
     return {static_cast<int>(first), static_cast<int>(std::max(first, end))};
 }
 
+} // namespace
+
 void FillRows(const RasterTriangle& t, int firstRow, int endRow, const SurfaceLook& look,
               RasterPicture& picture)
 {
@@ -365,7 +308,6 @@ void FillRows(const RasterTriangle& t, int firstRow, int endRow, const SurfaceLo
         stepY[i] = dx * SubPixels;
         rowStart[i] = dx * (startY - t.y[i]) - dy * (startX - t.x[i]) + t.bias[i];
     }
-    const auto& [q, nx, ny, nz, f] = t.planes;
     const int columns = t.endColumn - t.firstColumn;
     for (int row = firstRow; row < endRow; ++row)
     {
@@ -373,31 +315,48 @@ void FillRows(const RasterTriangle& t, int firstRow, int endRow, const SurfaceLo
         float* depth = picture.depth.data() + static_cast<std::size_t>(row) * picture.width + t.firstColumn;
         std::uint32_t* colour =
             picture.colour.data() + static_cast<std::size_t>(row) * picture.width + t.firstColumn;
-        const auto shade = [&](int k, float x)
-        {
-            const float z = Saturate(t.depth[0] + t.depth[1] * x + t.depth[2] * y);
-            if (!(z <= depth[k]))
-                return;
-            depth[k] = z;
-            const float w = 1.0f / (q[0] + q[1] * x + q[2] * y);
-            const auto at = [x, y, w](const std::array<float, 3>& p)
-            { return (p[0] + p[1] * x + p[2] * y) * w; };
-            const float normal[3] = {at(nx), at(ny), at(nz)};
-            colour[k] = Shade(look, x + t.originX, y + t.originY, normal, at(f));
-        };
         const float firstX = static_cast<float>(t.firstColumn) + 0.5f - t.originX;
         if (columns <= NarrowColumns)
         {
             std::int64_t e0 = rowStart[0], e1 = rowStart[1], e2 = rowStart[2];
             for (int k = 0; k < columns; ++k, e0 += stepX[0], e1 += stepX[1], e2 += stepX[2])
-                if ((e0 | e1 | e2) >= 0)
-                    shade(k, firstX + static_cast<float>(k));
+            {
+                if ((e0 | e1 | e2) < 0)
+                    continue;
+                const float x = firstX + static_cast<float>(k);
+                const float z = Saturate(t.depth[0] + t.depth[1] * x + t.depth[2] * y);
+                if (!(z <= depth[k]))
+                    continue;
+                depth[k] = z;
+                float rgb[3];
+                ShadeAt(t, look, x, y, rgb);
+                colour[k] = PackColour(rgb[0], rgb[1], rgb[2]);
+            }
         }
         else
         {
+            // Four pixels at a time, those that pass the depth test written.
             const auto [first, end] = CoveredSpan(rowStart, stepX, columns);
-            for (int k = first; k < end; ++k)
-                shade(k, firstX + static_cast<float>(k));
+            for (int k = first; k < end; k += 4)
+            {
+                const int count = std::min(4, end - k);
+                const Float4 x = firstX + static_cast<float>(k) + Float4{0.0f, 1.0f, 2.0f, 3.0f};
+                const Float4 z = Saturate(t.depth[0] + t.depth[1] * x + t.depth[2] * y);
+                bool pass[4] = {false, false, false, false};
+                bool any = false;
+                for (int i = 0; i < count; ++i)
+                    any |= pass[i] = z[i] <= depth[k + i];
+                if (!any)
+                    continue;
+                Float4 rgb[3];
+                ShadeAt(t, look, x, Float4{} + y, rgb);
+                for (int i = 0; i < count; ++i)
+                    if (pass[i])
+                    {
+                        depth[k + i] = z[i];
+                        colour[k + i] = PackColour(rgb[0][i], rgb[1][i], rgb[2][i]);
+                    }
+            }
         }
         for (int i = 0; i < 3; ++i)
             rowStart[i] += stepY[i];
