@@ -36,8 +36,13 @@ void SurfaceRasteriser::draw(const SurfaceArrays& mesh, const std::vector<const 
 {
     if (view.pictureWidth <= 0 || view.pictureHeight <= 0)
         return;
-    const int bands = std::min(view.pictureHeight, m_pool.threads() * m_bandsPerThread);
-    m_job = {&mesh, &camera, &look, view, bands, (view.pictureHeight + bands - 1) / bands};
+    // Bands of a power of two rows, so that sorting a triangle into them shifts instead of dividing.
+    const int wanted = m_pool.threads() * m_bandsPerThread;
+    int rowShift = 0;
+    while ((1 << rowShift) * wanted < view.pictureHeight)
+        ++rowShift;
+    const int bands = ((view.pictureHeight - 1) >> rowShift) + 1;
+    m_job = {&mesh, &camera, &look, view, bands, rowShift};
     const TriangleSetUp setUpTriangle(view);
     const std::size_t perRound = m_parts.size();
     for (std::size_t first = 0; first < parts.size(); first += perRound)
@@ -78,10 +83,10 @@ void SurfaceRasteriser::setUp(const TrianglePart& part, const TriangleSetUp& set
         setUpTriangle(node(corner), node(corner + 1), node(corner + 2), out.triangles);
 
     // Sorted into bands by counting: how many reach each band, where each band starts, then the triangles.
-    const int bands = m_job.bands, rows = m_job.bandRows;
+    const int bands = m_job.bands, shift = m_job.rowShift;
     out.bandStart.assign(static_cast<std::size_t>(bands) + 1, 0);
     for (const RasterTriangle& t : out.triangles)
-        for (int band = t.firstRow / rows; band <= (t.endRow - 1) / rows; ++band)
+        for (int band = t.firstRow >> shift; band <= (t.endRow - 1) >> shift; ++band)
             ++out.bandStart[static_cast<std::size_t>(band) + 1];
     for (int band = 0; band < bands; ++band)
         out.bandStart[band + 1] += out.bandStart[band];
@@ -90,15 +95,15 @@ void SurfaceRasteriser::setUp(const TrianglePart& part, const TriangleSetUp& set
     for (std::size_t i = 0; i < out.triangles.size(); ++i)
     {
         const RasterTriangle& t = out.triangles[i];
-        for (int band = t.firstRow / rows; band <= (t.endRow - 1) / rows; ++band)
+        for (int band = t.firstRow >> shift; band <= (t.endRow - 1) >> shift; ++band)
             out.byBand[out.cursor[static_cast<std::size_t>(band)]++] = static_cast<std::uint32_t>(i);
     }
 }
 
 void SurfaceRasteriser::fillBand(int band, int partCount, RasterPicture& picture) const
 {
-    const int firstRow = band * m_job.bandRows;
-    const int endRow = std::min(firstRow + m_job.bandRows, m_job.view.pictureHeight);
+    const int firstRow = band << m_job.rowShift;
+    const int endRow = std::min(firstRow + (1 << m_job.rowShift), m_job.view.pictureHeight);
     for (int p = 0; p < partCount; ++p)
     {
         const SetUpPart& part = m_parts[static_cast<std::size_t>(p)];

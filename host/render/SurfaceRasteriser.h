@@ -50,7 +50,7 @@ private:
         const SurfaceLook* look;
         RasterView view;
         int bands;
-        int bandRows;
+        int rowShift; // a band is 1 << rowShift rows
     } m_job{};
 };
 
