@@ -9,9 +9,13 @@ namespace vantix::host::detail
 namespace
 {
 
+// Beyond this many cores, bands get too thin to share out well, and each core's parts take memory.
+constexpr int MostThreads = 8;
+
 int Threads(int asked)
 {
-    return asked > 0 ? asked : std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
+    return asked > 0 ? asked
+                     : std::clamp(static_cast<int>(std::thread::hardware_concurrency()), 1, MostThreads);
 }
 
 } // namespace

@@ -17,7 +17,8 @@ namespace vantix::host::detail
 class SurfaceRasteriser
 {
 public:
-    // threads: 0 for one a core. Each thread fills bandsPerThread bands of the picture's rows.
+    // threads: 0 for one a core (up to eight). Each thread fills about bandsPerThread bands of the
+    // picture's rows.
     explicit SurfaceRasteriser(int threads = 0, int bandsPerThread = 12);
 
     void draw(const SurfaceArrays& mesh, const std::vector<const TrianglePart*>& parts, const Camera& camera,
