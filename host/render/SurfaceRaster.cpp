@@ -309,13 +309,13 @@ void FillRows(const RasterTriangle& t, int firstRow, int endRow, const SurfaceLo
         rowStart[i] = dx * (startY - t.y[i]) - dy * (startX - t.x[i]) + t.bias[i];
     }
     const int columns = t.endColumn - t.firstColumn;
+    const float firstX = static_cast<float>(t.firstColumn) + 0.5f - t.originX;
     for (int row = firstRow; row < endRow; ++row)
     {
         const float y = static_cast<float>(row) + 0.5f - t.originY;
         float* depth = picture.depth.data() + static_cast<std::size_t>(row) * picture.width + t.firstColumn;
         std::uint32_t* colour =
             picture.colour.data() + static_cast<std::size_t>(row) * picture.width + t.firstColumn;
-        const float firstX = static_cast<float>(t.firstColumn) + 0.5f - t.originX;
         if (columns <= NarrowColumns)
         {
             std::int64_t e0 = rowStart[0], e1 = rowStart[1], e2 = rowStart[2];

@@ -132,6 +132,7 @@ public:
     // Appends the pieces of the triangle that reach a pixel centre of the picture.
     void operator()(const Node& a, const Node& b, const Node& c, std::vector<RasterTriangle>& out) const;
 
+private:
     // A plane a x + b y + c z + d w >= 0 of clip space, inside which a triangle is kept.
     struct Plane
     {
@@ -139,7 +140,6 @@ public:
         float distance(const ClipVertex& v) const { return a * v.x + b * v.y + c * v.z + d * v.w; }
     };
 
-private:
     WindowVertex toWindow(const ClipVertex& vertex) const;
     void setUpPiece(const WindowVertex* corner[3], std::vector<RasterTriangle>& out) const;
 
